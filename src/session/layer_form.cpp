@@ -1,0 +1,122 @@
+#include "session/layer_form.h"
+
+#include "base/runtime_error.h"
+
+namespace vellant::session {
+
+namespace {
+
+// Design size of the header pictures: 16 pixels square at 15 twips a pixel.
+constexpr int kHeaderPictureTwips = 240;
+// The drag handle and the style sample headings are drawn a little wider.
+constexpr int kWideHeaderPictureTwips = 300;
+constexpr int kGlyphTwips = 150;
+constexpr int kToggleStatusTwips = 240;
+
+const char* const kHeaderImageNames[] = {
+    "VisiblePic",      "ShowNodesPic",    "ShowLinesPic",      "ShowCentroidsPic",
+    "SelectablePic",   "EditablePic",     "FasteditPic",       "UndoPic",
+    "AutolabelPic",    "StyleOridePic",   "zoomlayerPic",      "ZoomLayerMinPic",
+    "ZoomLayerMaxPic", "LabelPropPic",    "Labeloverlappic",   "LabelDuplicatepic",
+    "Labelpartialpic", "LabelCountPic",   "Labelorientpic",    "LabelRotatePic",
+    "Labeloffsetpic",  "Labellinepic",    "LabelLineStylePic", "LabelZoomPic",
+    "LabelZoomMinPic", "LabelZoomMaxPic", "InfoPic",           "FileSpecPic",
+    "CoordsysPic",     "UserInfoPic",     "UserEvalPic",
+};
+
+} // namespace
+
+LayerForm::LayerForm(std::string name, platform::Toolkit& toolkit)
+    : Form(std::move(name), toolkit), Timer1("Timer1", toolkit) {
+    for (const char* image : kHeaderImageNames)
+        addHeaderImage(image, kHeaderPictureTwips, kHeaderPictureTwips);
+    addHeaderImage("DragLayerPic", kWideHeaderPictureTwips, kHeaderPictureTwips);
+    addHeaderImage("StylePic", kWideHeaderPictureTwips, kHeaderPictureTwips);
+
+    for (auto& glyph : CollapseColsPic.all()) {
+        glyph.setWidth(kGlyphTwips);
+        glyph.setHeight(kGlyphTwips);
+        glyph.setVisible(false);
+        glyph.setToolTipText("Double click the column header to collapse columns");
+        glyph.setPicture({"CollapseColsPic", nullptr, kGlyphTwips, kGlyphTwips});
+    }
+    for (auto& glyph : ExpandColsPic.all()) {
+        glyph.setWidth(kGlyphTwips);
+        glyph.setHeight(kGlyphTwips);
+        glyph.setVisible(false);
+        glyph.setToolTipText("Double click the column header to expand columns");
+        glyph.setPicture({"ExpandColsPic", nullptr, kGlyphTwips, kGlyphTwips});
+    }
+    for (auto& status : ToggleStatusPic.all()) {
+        status.setWidth(kToggleStatusTwips);
+        status.setHeight(kToggleStatusTwips);
+        status.setVisible(false);
+    }
+
+    OK.setToolTipText("Accept Vellant changes");
+    MapImmediate.setCaption("Immediate");
+    MapImmediate.setToolTipText("Make map changes immediately");
+    map_bounds.setCaption("Bounds");
+    map_bounds.setToolTipText("Show layer bounds and zoom to entire mapper");
+
+    layers_popup.setCaption("Layers");
+    Expand_Row.setCaption("Expand row height to fit");
+    Expand_Row.setChecked(true);
+    show_tooltips.setCaption("Show tool tips");
+    Save_user_position.setCaption("Save user position");
+    remove_group_prefs.setCaption("Remove saved map group details");
+    self_test.setCaption("Self test");
+    self_test.setEnabled(false);
+    layers_popup.addItem(Expand_Row);
+    layers_popup.addItem(show_tooltips);
+    layers_popup.addItem(remove_group_prefs);
+
+    registerAll();
+}
+
+void LayerForm::addHeaderImage(const std::string& name, int widthTwips, int heightTwips) {
+    auto image = std::make_unique<platform::Control>(name);
+    image->setWidth(widthTwips);
+    image->setHeight(heightTwips);
+    image->setVisible(false);
+    image->setPicture({name, nullptr, widthTwips, heightTwips});
+    headerImages_.push_back(std::move(image));
+}
+
+platform::Control& LayerForm::imageControl(const std::string& name) {
+    for (auto& image : headerImages_)
+        if (image->Name() == name) return *image;
+    raiseError(platform::kErrNoSuchControlElement, "Control '" + name + "' doesn't exist");
+}
+
+void LayerForm::registerAll() {
+    const std::initializer_list<platform::Control*> singles = {&LyrGrid,
+                                                               &OK,
+                                                               &Cancel,
+                                                               &Docked,
+                                                               &MapImmediate,
+                                                               &map_bounds,
+                                                               &layers_popup,
+                                                               &Expand_Row,
+                                                               &show_tooltips,
+                                                               &Save_user_position,
+                                                               &remove_group_prefs,
+                                                               &self_test,
+                                                               &Timer1};
+    for (platform::Control* control : singles)
+        registerControl(*control);
+    for (auto& c : ToggleStatusPic.all())
+        registerControl(c);
+    for (auto& c : CollapseColsPic.all())
+        registerControl(c);
+    for (auto& c : ExpandColsPic.all())
+        registerControl(c);
+    for (auto& image : headerImages_)
+        registerControl(*image);
+}
+
+vlLayerControl::vlLayerControl(platform::Toolkit& toolkit) : LayerForm("vlLayerControl", toolkit) {}
+
+vlLayerDocked::vlLayerDocked(platform::Toolkit& toolkit) : LayerForm("vlLayerDocked", toolkit) {}
+
+} // namespace vellant::session
