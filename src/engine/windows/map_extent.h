@@ -1,0 +1,19 @@
+#pragma once
+// Where the objects of a map's layers lie, in the map's coordinate system: what Zoom Entire
+// fits the view to.
+
+#include "engine/tables/catalog.h"
+#include "engine/windows/map_state.h"
+
+#include <optional>
+
+namespace vellant::engine {
+
+// The box of one layer (0 the cosmetic layer's objects); nullopt for a layer with no objects
+// or whose table is no longer open.
+std::optional<Bounds> layerExtent(const Catalog& catalog, const MapState& map, int number);
+
+// The box of all layers together.
+std::optional<Bounds> mapExtent(const Catalog& catalog, const MapState& map);
+
+} // namespace vellant::engine

@@ -1,0 +1,205 @@
+#include "engine/windows/window_workspace.h"
+
+#include "engine/engine.h"
+#include "engine/mb_value_text.h"
+#include "engine/windows/label_position.h"
+#include "engine/windows/units.h"
+#include "engine/windows/window_manager.h"
+
+namespace vellant::engine {
+
+namespace {
+
+std::string num(double value) {
+    return formatMbFloat(value);
+}
+
+std::string quoted(const std::string& text) {
+    std::string out = "\"";
+    for (char c : text) {
+        if (c == '"') out += '"';
+        out += c;
+    }
+    return out + "\"";
+}
+
+std::string onOff(bool on) {
+    return on ? "On" : "Off";
+}
+
+std::string inches(double value) {
+    return num(value) + " Units \"in\"";
+}
+
+std::string placement(const Window& window) {
+    const WindowPlacement& p = window.placement;
+    return "  Position (" + num(p.x) + "," + num(p.y) + ") Units \"in\"\n  Width " +
+           inches(p.width) + " Height " + inches(p.height) + "\n";
+}
+
+std::string range(double minMetres, double maxMetres, const std::string& units) {
+    const double unit = distanceUnitMetres(units);
+    return "(" + num(minMetres / unit) + ", " + num(maxMetres / unit) + ") Units " + quoted(units);
+}
+
+const char* displayWord(LayerDisplay display) {
+    switch (display) {
+    case LayerDisplay::Off:
+        return "Off";
+    case LayerDisplay::Global:
+        return "Global";
+    case LayerDisplay::Value:
+        return "Value";
+    case LayerDisplay::Graphic:
+        break;
+    }
+    return "Graphic";
+}
+
+const char* lineWord(LabelLine line) {
+    return line == LabelLine::Arrow ? "Arrow" : line == LabelLine::Simple ? "Simple" : "None";
+}
+
+std::string labelEdit(std::int64_t row, const LabelEdit& edit) {
+    std::string text = "      Object " + std::to_string(row);
+    if (edit.visible) text += " Visibility " + onOff(*edit.visible);
+    if (edit.anchor) text += " Anchor (" + num(edit.anchor->x) + ", " + num(edit.anchor->y) + ")";
+    if (edit.text) text += " Text " + quoted(*edit.text);
+    if (edit.position) text += " Position " + labelPositionWords(*edit.position);
+    if (edit.offset) text += " Offset " + std::to_string(*edit.offset);
+    if (edit.angle) text += " Angle " + num(*edit.angle);
+    if (edit.font) text += " " + *edit.font;
+    if (edit.pen) text += " " + *edit.pen;
+    if (edit.line) {
+        text += std::string(" Line ") + lineWord(*edit.line);
+        if (edit.calloutEnd) {
+            text += " (" + num(edit.calloutEnd->x) + ", " + num(edit.calloutEnd->y) + ")";
+        }
+    } else if (edit.calloutEnd) {
+        text += " Callout (" + num(edit.calloutEnd->x) + ", " + num(edit.calloutEnd->y) + ")";
+    }
+    return text + "\n";
+}
+
+std::string labelClauses(const LabelSettings& label, const std::string& units) {
+    std::string text = std::string("    Label Line ") + lineWord(label.line) + " Position " +
+                       labelPositionWords(label.position);
+    if (label.fontGiven) text += " " + label.font;
+    text += " " + label.pen + "\n";
+    if (!label.expression.empty()) text += "      With " + label.expression + "\n";
+    text += "      Parallel " + onOff(label.orientation == LabelOrientation::Parallel);
+    if (label.orientation == LabelOrientation::Curved) text += " Follow Path";
+    text += " Auto " + onOff(label.autoLabel) + " Auto Retry " + onOff(label.autoRetry) +
+            " Overlap " + onOff(label.overlap) + " Duplicates " + onOff(label.duplicates) +
+            " PartialSegments " + onOff(label.partialSegments) + " Offset " +
+            std::to_string(label.offset);
+    text += label.max ? " Max " + std::to_string(*label.max) : " Max";
+    if (label.alpha != 255) text += " LabelAlpha " + std::to_string(label.alpha);
+    text += "\n      Visibility ";
+    switch (label.visibility) {
+    case LabelVisibility::Off:
+        text += "Off";
+        break;
+    case LabelVisibility::Zoom:
+        text += "Zoom " + range(label.zoomMinMetres, label.zoomMaxMetres, units);
+        break;
+    case LabelVisibility::On:
+        text += "On";
+        break;
+    }
+    text += "\n";
+    for (const auto& [row, edit] : label.edits)
+        text += labelEdit(row, edit);
+    return text;
+}
+
+std::string layerClauses(const Layer& layer, int number, const std::string& units) {
+    std::string text = "  Layer " + std::to_string(number) + "\n    Display " +
+                       displayWord(layer.display) + "\n    Global " + layer.globalPen + "  " +
+                       layer.globalBrush + "  " + layer.globalSymbol + "  " + "Line" +
+                       layer.globalLine.substr(3) + "  " + layer.globalFont + "\n";
+    text += "    Selectable " + onOff(layer.selectable) + " Editable " + onOff(layer.editable);
+    text += " Arrows " + onOff(layer.arrows) + " Nodes " + onOff(layer.nodes) + " Centroids " +
+            onOff(layer.centroids);
+    if (layer.alpha != 255) text += " Alpha " + std::to_string(layer.alpha);
+    if (layer.translucency != 0) text += " Translucency " + std::to_string(layer.translucency);
+    text += "\n    Zoom " + range(layer.zoom.minMetres, layer.zoom.maxMetres, units) + " " +
+            onOff(layer.zoom.on) + "\n";
+    return text + labelClauses(layer.label, units);
+}
+
+std::string viewClauses(Engine& engine, const MapState& map) {
+    double x = map.centreX;
+    double y = map.centreY;
+    engine.windows()
+        .transforms()
+        .between(map.coordSys, parseCoordSys(engine.settings().coordSys))
+        .apply(x, y);
+    const char* preserve = map.preserve == MapPreserve::Scale ? "Scale" : "Zoom";
+    const char* display = map.statusDisplay == MapStatusDisplay::Scale  ? "Scale"
+                          : map.statusDisplay == MapStatusDisplay::Zoom ? "Zoom"
+                                                                        : "Position";
+    return "Set Map\n  " + map.coordSys.clause(true) + "\n  Center (" + num(x) + "," + num(y) +
+           ")\n  Zoom " + num(map.zoomMetres / distanceUnitMetres(map.distanceUnits)) + " Units " +
+           quoted(map.distanceUnits) + "\n  Preserve " + preserve + " Display " + display +
+           "\n  Distance Units " + quoted(map.distanceUnits) + " Area Units " +
+           quoted(map.areaUnits) + " XY Units " + quoted(map.xyUnitName()) + "\n  Distance Type " +
+           (map.cartesianDistance ? "Cartesian" : "Spherical") + "\n";
+}
+
+std::string windowClauses(const Window& window) {
+    const WindowSettings& s = window.settings;
+    std::string text = "Set Window FrontWindow() ScrollBars " + onOff(s.scrollBars) +
+                       " Autoscroll " + onOff(s.autoscroll) + " Smart Pan " + onOff(s.smartPan) +
+                       " SysMenuClose " + onOff(s.sysMenuClose) + "\n  Snap Mode " +
+                       onOff(s.snapMode) + " Snap Tolerance " + std::to_string(s.snapThreshold) +
+                       "\n  Enhanced " + onOff(s.enhancedRendering) + " Smooth Text " +
+                       s.smoothText + " Image " + s.smoothImage + " Vector " + s.smoothVector +
+                       "\n";
+    const PrinterSettings& p = s.printer;
+    text += "Set Window FrontWindow() Printer\n ";
+    if (!p.name.empty()) text += " Name " + quoted(p.name);
+    text += std::string(" Orientation ") + (p.orientation == 2 ? "Landscape" : "Portrait") +
+            " Copies " + std::to_string(p.copies) + "\n  Papersize " + std::to_string(p.paperSize) +
+            " Border " + onOff(p.border) + " TrueColor " + onOff(p.trueColor) + "\n  Left Margin " +
+            inches(p.leftMargin) + " Right Margin " + inches(p.rightMargin) + "\n  Top Margin " +
+            inches(p.topMargin) + " Bottom Margin " + inches(p.bottomMargin) + "\n";
+    if (window.hasCustomTitle())
+        text += "Set Window FrontWindow() Title " + quoted(window.title()) + "\n";
+    if (window.state == WindowState::Maximized) text += "Set Window FrontWindow() Max\n";
+    if (window.state == WindowState::Minimized) text += "Set Window FrontWindow() Min\n";
+    return text;
+}
+
+} // namespace
+
+std::string windowWorkspaceText(Engine& engine, const Window& window) {
+    std::string text;
+    if (window.type() == WindowType::Browser) {
+        text = "Browse ";
+        for (std::size_t i = 0; i < window.browseColumns.size(); ++i) {
+            if (i) text += ", ";
+            text += window.browseColumns[i];
+        }
+        text += " From " + window.browseTable + "\n" + placement(window);
+        return text + windowClauses(window);
+    }
+    const MapState& map = *window.map;
+    std::string tables;
+    for (const Layer& layer : map.layers) {
+        if (!tables.empty()) tables += ",";
+        tables += layer.name;
+    }
+    // A map of no layers cannot be made with Map From; its view and window still are written
+    // after a Map From of nothing, which the host refuses, as it refuses to save such a map.
+    text = "Map From " + tables + "\n" + placement(window);
+    text += viewClauses(engine, map);
+    const std::string& units = map.distanceUnits;
+    text += "Set Map\n";
+    for (int n = 1; n <= map.layerCount(); ++n)
+        text += layerClauses(map.layers[n - 1], n, units);
+    text += layerClauses(map.cosmetic, 0, units);
+    return text + windowClauses(window);
+}
+
+} // namespace vellant::engine

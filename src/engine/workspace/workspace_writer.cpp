@@ -1,0 +1,170 @@
+#include "engine/workspace/workspace_writer.h"
+
+#include "engine/engine.h"
+#include "engine/mb_error.h"
+#include "engine/tables/catalog.h"
+#include "engine/windows/window_manager.h"
+#include "engine/workspace/map_workspace_text.h"
+#include "engine/workspace/workspace_format.h"
+
+#include <fstream>
+
+namespace vellant::engine {
+
+namespace {
+
+constexpr const char* kFrontVariable = "WorkspaceFrontWindow";
+
+// A file inside the workspace's folder by its relative name, so the folder can move.
+std::string tableFileText(const std::string& path, const std::filesystem::path& folder) {
+    const std::filesystem::path file(path);
+    std::error_code error;
+    const std::filesystem::path relative = std::filesystem::relative(file, folder, error);
+    const bool inside = !error && !relative.empty() && *relative.begin() != "..";
+    return (inside ? relative : file).generic_string();
+}
+
+std::string placementText(const Window& window) {
+    const WindowPlacement& p = window.placement;
+    std::string text = "  Position (" + workspaceNumber(p.x) + ", " + workspaceNumber(p.y) +
+                       ") Units \"in\"\n  Width " + workspaceNumber(p.width) +
+                       " Units \"in\" Height " + workspaceNumber(p.height) + " Units \"in\"";
+    if (window.state == WindowState::Minimized) text += " Min";
+    if (window.state == WindowState::Maximized) text += " Max";
+    return text + "\n";
+}
+
+std::string windowSettingsText(const Window& window) {
+    const WindowSettings& s = window.settings;
+    std::string text = std::string("Set Window FrontWindow() ScrollBars ") + onOff(s.scrollBars) +
+                       " Autoscroll " + onOff(s.autoscroll) + " Smart Pan " + onOff(s.smartPan) +
+                       " SysMenuClose " + onOff(s.sysMenuClose) + " Snap Mode " +
+                       onOff(s.snapMode) + " Snap Tolerance " + std::to_string(s.snapThreshold) +
+                       "\n  Enhanced " + onOff(s.enhancedRendering) + " Smooth Text " +
+                       s.smoothText + " Image " + s.smoothImage + " Vector " + s.smoothVector +
+                       (s.visible ? " Show" : " Hide") + "\n";
+    const PrinterSettings& p = s.printer;
+    text += "  Printer Name " + workspaceString(p.name) + " Orientation " +
+            (p.orientation == 2 ? "Landscape" : "Portrait") + " Copies " +
+            std::to_string(p.copies) + " Papersize " + std::to_string(p.paperSize) +
+            "\n    Left Margin " + workspaceNumber(p.leftMargin) + " Units \"in\" Right Margin " +
+            workspaceNumber(p.rightMargin) + " Units \"in\" Top Margin " +
+            workspaceNumber(p.topMargin) + " Units \"in\" Bottom Margin " +
+            workspaceNumber(p.bottomMargin) + " Units \"in\" Border " + onOff(p.border) +
+            " TrueColor " + onOff(p.trueColor) + "\n";
+    if (window.hasCustomTitle())
+        text += "Set Window FrontWindow() Title " + workspaceString(window.title()) + "\n";
+    return text;
+}
+
+class Writer {
+public:
+    Writer(Engine& engine, const std::filesystem::path& folder)
+        : engine_(engine), folder_(folder) {}
+
+    SavedWorkspace write() {
+        out_.text = "!Workspace\n!Version 950\n!Charset Neutral\n";
+        writeTables();
+        WindowManager& windows = engine_.windows();
+        const std::vector<int> ids = windows.ids();
+        const int front = windows.frontWindow();
+        const bool frontIsLast = !ids.empty() && ids.back() == front;
+        for (int id : ids) {
+            if (!writeWindow(windows.get(id))) continue;
+            if (id == front && !frontIsLast) {
+                out_.text += std::string("Dim ") + kFrontVariable + " As Integer\n" +
+                             kFrontVariable + " = FrontWindow()\n";
+                frontSaved_ = true;
+            }
+        }
+        if (frontSaved_)
+            out_.text += std::string("Set Window ") + kFrontVariable + " Front\nUndim " +
+                         kFrontVariable + "\n";
+        return std::move(out_);
+    }
+
+private:
+    void writeTables() {
+        const Catalog& catalog = engine_.catalog();
+        for (int n = 1; n <= catalog.count(); ++n) {
+            const Table& table = catalog.at(n);
+            if (table.path().empty()) {
+                out_.leftOut.push_back("Table " + table.name() + ": it has no file.");
+                continue;
+            }
+            out_.text += "Open Table " + workspaceString(tableFileText(table.path(), folder_)) +
+                         " As " + table.name() + " Interactive" +
+                         (table.readOnly ? " ReadOnly" : "") + "\n";
+        }
+    }
+
+    bool saved(const std::string& table) const {
+        const Table* found = engine_.catalog().find(table);
+        return found && !found->path().empty();
+    }
+
+    bool writeWindow(const Window& window) {
+        if (window.type() == WindowType::Browser) {
+            if (!saved(window.browseTable)) {
+                out_.leftOut.push_back("Window " + window.title() + ": its table has no file.");
+                return false;
+            }
+            std::string columns;
+            for (const std::string& column : window.browseColumns)
+                columns += (columns.empty() ? "" : ", ") + column;
+            out_.text +=
+                "Browse " + columns + " From " + window.browseTable + "\n" + placementText(window);
+            out_.text += windowSettingsText(window);
+            return true;
+        }
+        const MapState& map = *window.map;
+        std::vector<int> kept;
+        std::string tables;
+        for (int number = 1; number <= map.layerCount(); ++number) {
+            const std::string& name = map.layerAt(number)->name;
+            if (!saved(name)) {
+                out_.leftOut.push_back("Layer " + name + " of " + window.title() +
+                                       ": its table has no file.");
+                continue;
+            }
+            kept.push_back(number);
+            tables += (tables.empty() ? "" : ",") + name;
+        }
+        if (!map.cosmeticObjects.empty())
+            out_.leftOut.push_back("The objects in the cosmetic layer of " + window.title() + ".");
+        if (kept.empty()) {
+            out_.leftOut.push_back("Window " + window.title() + ": no layer is left to show.");
+            return false;
+        }
+        out_.text += "Map From " + tables + "\n" + placementText(window);
+        out_.text += windowSettingsText(window);
+        out_.text += mapViewText(map, engine_.settings().coordSys);
+        out_.text += mapLayersText(map, kept);
+        return true;
+    }
+
+    Engine& engine_;
+    std::filesystem::path folder_;
+    SavedWorkspace out_;
+    bool frontSaved_ = false;
+};
+
+} // namespace
+
+SavedWorkspace workspaceFor(Engine& engine, const std::filesystem::path& folder) {
+    return Writer(engine, folder).write();
+}
+
+std::vector<std::string> saveWorkspace(Engine& engine, const std::filesystem::path& file) {
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::absolute(file, error).parent_path();
+    SavedWorkspace saved = workspaceFor(engine, folder);
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out << saved.text;
+    out.close();
+    if (error || !out)
+        raiseMb(kMbCantAccessFile, "Unable to write workspace " + file.string() + ".");
+    return std::move(saved.leftOut);
+}
+
+} // namespace vellant::engine
