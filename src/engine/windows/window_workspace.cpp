@@ -1,7 +1,7 @@
 #include "engine/windows/window_workspace.h"
+#include "engine/workspace/workspace_format.h"
 
 #include "engine/engine.h"
-#include "engine/mb_value_text.h"
 #include "engine/windows/label_position.h"
 #include "engine/windows/units.h"
 #include "engine/windows/window_manager.h"
@@ -10,8 +10,9 @@ namespace vellant::engine {
 
 namespace {
 
+// Every digit the value needs, so that what is written reads back to the same number.
 std::string num(double value) {
-    return formatMbFloat(value);
+    return workspaceNumber(value);
 }
 
 std::string quoted(const std::string& text) {
@@ -174,6 +175,15 @@ std::string windowClauses(const Window& window) {
 } // namespace
 
 std::string windowWorkspaceText(Engine& engine, const Window& window) {
+    std::vector<int> all;
+    if (window.type() != WindowType::Browser)
+        for (int n = 1; n <= window.map->layerCount(); ++n)
+            all.push_back(n);
+    return windowWorkspaceText(engine, window, all);
+}
+
+std::string windowWorkspaceText(Engine& engine, const Window& window,
+                                const std::vector<int>& keptLayers) {
     std::string text;
     if (window.type() == WindowType::Browser) {
         text = "Browse ";
@@ -186,9 +196,9 @@ std::string windowWorkspaceText(Engine& engine, const Window& window) {
     }
     const MapState& map = *window.map;
     std::string tables;
-    for (const Layer& layer : map.layers) {
+    for (int n : keptLayers) {
         if (!tables.empty()) tables += ",";
-        tables += layer.name;
+        tables += map.layers[static_cast<std::size_t>(n - 1)].name;
     }
     // A map of no layers cannot be made with Map From; its view and window still are written
     // after a Map From of nothing, which the host refuses, as it refuses to save such a map.
@@ -196,8 +206,9 @@ std::string windowWorkspaceText(Engine& engine, const Window& window) {
     text += viewClauses(engine, map);
     const std::string& units = map.distanceUnits;
     text += "Set Map\n";
-    for (int n = 1; n <= map.layerCount(); ++n)
-        text += layerClauses(map.layers[n - 1], n, units);
+    int written = 0;
+    for (int n : keptLayers)
+        text += layerClauses(map.layers[static_cast<std::size_t>(n - 1)], ++written, units);
     text += layerClauses(map.cosmetic, 0, units);
     return text + windowClauses(window);
 }

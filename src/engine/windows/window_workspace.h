@@ -9,6 +9,7 @@
 // zoom and zoom ranges with their Units, so that they read back whatever the session's units.
 
 #include <string>
+#include <vector>
 
 namespace vellant::engine {
 
@@ -16,5 +17,10 @@ class Engine;
 class Window;
 
 std::string windowWorkspaceText(Engine& engine, const Window& window);
+
+// The same with only some layers of a map (its layer numbers, in order), which become layers
+// 1, 2, ... of the statements: a workspace leaves out layers whose tables it cannot reopen.
+std::string windowWorkspaceText(Engine& engine, const Window& window,
+                                const std::vector<int>& keptLayers);
 
 } // namespace vellant::engine

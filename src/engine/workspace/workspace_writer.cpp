@@ -4,7 +4,7 @@
 #include "engine/mb_error.h"
 #include "engine/tables/catalog.h"
 #include "engine/windows/window_manager.h"
-#include "engine/workspace/map_workspace_text.h"
+#include "engine/windows/window_workspace.h"
 #include "engine/workspace/workspace_format.h"
 
 #include <fstream>
@@ -22,39 +22,6 @@ std::string tableFileText(const std::string& path, const std::filesystem::path& 
     const std::filesystem::path relative = std::filesystem::relative(file, folder, error);
     const bool inside = !error && !relative.empty() && *relative.begin() != "..";
     return (inside ? relative : file).generic_string();
-}
-
-std::string placementText(const Window& window) {
-    const WindowPlacement& p = window.placement;
-    std::string text = "  Position (" + workspaceNumber(p.x) + ", " + workspaceNumber(p.y) +
-                       ") Units \"in\"\n  Width " + workspaceNumber(p.width) +
-                       " Units \"in\" Height " + workspaceNumber(p.height) + " Units \"in\"";
-    if (window.state == WindowState::Minimized) text += " Min";
-    if (window.state == WindowState::Maximized) text += " Max";
-    return text + "\n";
-}
-
-std::string windowSettingsText(const Window& window) {
-    const WindowSettings& s = window.settings;
-    std::string text = std::string("Set Window FrontWindow() ScrollBars ") + onOff(s.scrollBars) +
-                       " Autoscroll " + onOff(s.autoscroll) + " Smart Pan " + onOff(s.smartPan) +
-                       " SysMenuClose " + onOff(s.sysMenuClose) + " Snap Mode " +
-                       onOff(s.snapMode) + " Snap Tolerance " + std::to_string(s.snapThreshold) +
-                       "\n  Enhanced " + onOff(s.enhancedRendering) + " Smooth Text " +
-                       s.smoothText + " Image " + s.smoothImage + " Vector " + s.smoothVector +
-                       (s.visible ? " Show" : " Hide") + "\n";
-    const PrinterSettings& p = s.printer;
-    text += "  Printer Name " + workspaceString(p.name) + " Orientation " +
-            (p.orientation == 2 ? "Landscape" : "Portrait") + " Copies " +
-            std::to_string(p.copies) + " Papersize " + std::to_string(p.paperSize) +
-            "\n    Left Margin " + workspaceNumber(p.leftMargin) + " Units \"in\" Right Margin " +
-            workspaceNumber(p.rightMargin) + " Units \"in\" Top Margin " +
-            workspaceNumber(p.topMargin) + " Units \"in\" Bottom Margin " +
-            workspaceNumber(p.bottomMargin) + " Units \"in\" Border " + onOff(p.border) +
-            " TrueColor " + onOff(p.trueColor) + "\n";
-    if (window.hasCustomTitle())
-        text += "Set Window FrontWindow() Title " + workspaceString(window.title()) + "\n";
-    return text;
 }
 
 class Writer {
@@ -109,17 +76,11 @@ private:
                 out_.leftOut.push_back("Window " + window.title() + ": its table has no file.");
                 return false;
             }
-            std::string columns;
-            for (const std::string& column : window.browseColumns)
-                columns += (columns.empty() ? "" : ", ") + column;
-            out_.text +=
-                "Browse " + columns + " From " + window.browseTable + "\n" + placementText(window);
-            out_.text += windowSettingsText(window);
+            out_.text += windowWorkspaceText(engine_, window);
             return true;
         }
         const MapState& map = *window.map;
         std::vector<int> kept;
-        std::string tables;
         for (int number = 1; number <= map.layerCount(); ++number) {
             const std::string& name = map.layerAt(number)->name;
             if (!saved(name)) {
@@ -128,7 +89,6 @@ private:
                 continue;
             }
             kept.push_back(number);
-            tables += (tables.empty() ? "" : ",") + name;
         }
         if (!map.cosmeticObjects.empty())
             out_.leftOut.push_back("The objects in the cosmetic layer of " + window.title() + ".");
@@ -136,10 +96,7 @@ private:
             out_.leftOut.push_back("Window " + window.title() + ": no layer is left to show.");
             return false;
         }
-        out_.text += "Map From " + tables + "\n" + placementText(window);
-        out_.text += windowSettingsText(window);
-        out_.text += mapViewText(map, engine_.settings().coordSys);
-        out_.text += mapLayersText(map, kept);
+        out_.text += windowWorkspaceText(engine_, window, kept);
         return true;
     }
 
