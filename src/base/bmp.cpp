@@ -11,7 +11,11 @@ namespace {
 
 constexpr size_t kFileHeaderSize = 14;
 constexpr size_t kInfoHeaderSize = 40;
-constexpr std::int64_t kMaxPixels = 64LL * 1024 * 1024;
+// Far beyond any style sample; a header that claims more is damaged or hostile.
+constexpr std::int64_t kMaxPixels = 16LL * 1024 * 1024;
+// Run-length data cannot stand for many more pixels than it has bytes (deltas aside), so a
+// small file claiming a huge picture is refused before anything is allocated.
+constexpr std::int64_t kMaxRlePixelsPerByte = 1024;
 
 std::uint32_t le32(const std::vector<std::uint8_t>& b, size_t at) {
     return static_cast<std::uint32_t>(b[at]) | static_cast<std::uint32_t>(b[at + 1]) << 8 |
@@ -152,6 +156,10 @@ std::optional<Bitmap> decodeBmp(const std::vector<std::uint8_t>& b) {
 
     const int w = static_cast<int>(width);
     const int h = static_cast<int>(height);
+    if (!rle8 && dataOffset + rowStride(w, bits) * static_cast<size_t>(h) > b.size())
+        return std::nullopt;
+    if (rle8 && width * height > kMaxRlePixelsPerByte * static_cast<std::int64_t>(b.size()))
+        return std::nullopt;
     Bitmap out(w, h, 0);
     auto paletteColour = [&](size_t index) -> std::uint32_t {
         return index < palette.size() ? palette[index] : 0;
@@ -168,7 +176,6 @@ std::optional<Bitmap> decodeBmp(const std::vector<std::uint8_t>& b) {
     }
 
     const size_t stride = rowStride(w, bits);
-    if (dataOffset + stride * static_cast<size_t>(h) > b.size()) return std::nullopt;
     for (int row = 0; row < h; ++row) {
         const size_t base = dataOffset + stride * static_cast<size_t>(row);
         const int y = topDown ? row : h - 1 - row;

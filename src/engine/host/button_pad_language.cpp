@@ -76,7 +76,7 @@ PadButton readButton(Cursor& cursor, PadButton::Kind kind) {
         } else if (cursor.acceptWord("helpmsg")) {
             button.helpMessage = cursor.stringExpression();
         } else if (cursor.acceptWord("modifierkeys")) {
-            button.modifierKeys = readHostOnOff(cursor);
+            button.modifierKeys = cursor.onOff();
         } else if (cursor.acceptWord("enable")) {
             button.enabled = true;
         } else if (cursor.acceptWord("disable")) {

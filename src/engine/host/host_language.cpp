@@ -22,12 +22,6 @@
 
 namespace vellant::engine {
 
-bool readHostOnOff(Cursor& cursor) {
-    if (cursor.acceptWord("on")) return true;
-    if (cursor.acceptWord("off")) return false;
-    cursor.syntaxError("On or Off");
-}
-
 namespace {
 
 // "StatusBar" followed by any of Show, Hide and Message "text", in any order; nothing changes
@@ -88,12 +82,12 @@ void runApplication(Engine& engine, Cursor& cursor) {
 
 void registerHostLanguage(Registry& registry) {
     registry.addStatement({"set", "event", "processing"}, [](Engine& engine, Cursor& cursor) {
-        const bool on = readHostOnOff(cursor);
+        const bool on = cursor.onOff();
         cursor.expectEnd();
         engine.host().setEventProcessing(on);
     });
     registry.addStatement({"set", "progressbars"}, [](Engine& engine, Cursor& cursor) {
-        const bool on = readHostOnOff(cursor);
+        const bool on = cursor.onOff();
         cursor.expectEnd();
         engine.host().setProgressBars(on);
     });

@@ -13,6 +13,5 @@ void registerButtonPadLanguage(Registry& registry);
 void registerSystemInfo(Registry& registry);
 
 // "On" or "Off" as a clause ends; a syntax error for anything else.
-bool readHostOnOff(Cursor& cursor);
 
 } // namespace vellant::engine

@@ -23,13 +23,6 @@ bool isSymbol(const Token& token, std::string_view symbol) {
     return token.kind == Token::Kind::Symbol && token.text == symbol;
 }
 
-// On or Off after a Set Table keyword.
-bool readOnOff(Cursor& cursor) {
-    if (cursor.acceptWord("on")) return true;
-    if (cursor.acceptWord("off")) return false;
-    cursor.syntaxError("On or Off");
-}
-
 // Open Table "file" [As alias] [Interactive] [ReadOnly] [NoIndex] [DenyWrite]
 //   [View Automatic] [Charset "name"]
 // The same file opened again under the same name is left as it is. With Interactive, a name
@@ -179,13 +172,13 @@ void setTable(Engine& engine, Cursor& cursor) {
     while (!cursor.atEnd()) {
         any = true;
         if (cursor.acceptWord("fastedit")) {
-            changes.emplace_back(&Table::fastEdit, readOnOff(cursor));
+            changes.emplace_back(&Table::fastEdit, cursor.onOff());
         } else if (cursor.acceptWord("undo")) {
-            changes.emplace_back(&Table::undoOff, !readOnOff(cursor));
+            changes.emplace_back(&Table::undoOff, !cursor.onOff());
         } else if (cursor.acceptWord("readonly")) {
             changes.emplace_back(&Table::readOnly, true);
         } else if (cursor.acceptWord("seamless")) {
-            readOnOff(cursor);
+            cursor.onOff();
             cursor.acceptWord("preserve");
         } else {
             const Token& word = cursor.peek();
@@ -198,7 +191,7 @@ void setTable(Engine& engine, Cursor& cursor) {
             }
             if (flag == nullptr) cursor.syntaxError();
             cursor.advance();
-            changes.emplace_back(flag->member, readOnOff(cursor));
+            changes.emplace_back(flag->member, cursor.onOff());
         }
     }
     if (!any) cursor.syntaxError();

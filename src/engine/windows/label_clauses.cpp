@@ -114,7 +114,7 @@ void readFollowPath(Cursor& cursor, LabelSettings& label) {
     label.orientation = LabelOrientation::Curved;
     while (true) {
         if (cursor.acceptWord("bestposition") || cursor.acceptWord("fallback")) {
-            readOnOffClause(cursor);
+            cursor.onOff();
         } else if (cursor.acceptWord("percent")) {
             cursor.expectWord("over");
             cursor.numberExpression();
@@ -136,7 +136,7 @@ void readVisibility(Cursor& cursor, LabelSettings& label) {
         label.zoomMaxMetres = max;
         return;
     }
-    label.visibility = readOnOffClause(cursor) ? LabelVisibility::On : LabelVisibility::Off;
+    label.visibility = cursor.onOff() ? LabelVisibility::On : LabelVisibility::Off;
 }
 
 // The clauses of one label edited by hand.
@@ -146,7 +146,7 @@ void readLabelObject(Cursor& cursor, LabelSettings& label) {
     LabelEdit& edit = label.edits[static_cast<std::int64_t>(row)];
     while (true) {
         if (cursor.acceptWord("visibility")) {
-            edit.visible = readOnOffClause(cursor);
+            edit.visible = cursor.onOff();
         } else if (cursor.acceptWord("anchor")) {
             edit.anchor = readPoint(cursor);
         } else if (cursor.acceptWord("text")) {
@@ -192,9 +192,9 @@ void readLabelClauses(Cursor& cursor, Layer& layer) {
             label.position = readPosition(cursor);
         } else if (cursor.acceptWord("auto")) {
             if (cursor.acceptWord("retry")) {
-                label.autoRetry = readOnOffClause(cursor);
+                label.autoRetry = cursor.onOff();
             } else {
-                label.autoLabel = readOnOffClause(cursor);
+                label.autoLabel = cursor.onOff();
             }
         } else if (cursor.peekWord("font")) {
             label.font = readStyle(cursor, MbType::Font);
@@ -206,7 +206,7 @@ void readLabelClauses(Cursor& cursor, Layer& layer) {
             checkLabelExpression(cursor, layer, text);
             label.expression = text;
         } else if (cursor.acceptWord("parallel")) {
-            const bool on = readOnOffClause(cursor);
+            const bool on = cursor.onOff();
             if (on) {
                 label.orientation = LabelOrientation::Parallel;
             } else if (label.orientation == LabelOrientation::Parallel) {
@@ -216,11 +216,11 @@ void readLabelClauses(Cursor& cursor, Layer& layer) {
             cursor.expectWord("path");
             readFollowPath(cursor, label);
         } else if (cursor.acceptWord("overlap")) {
-            label.overlap = readOnOffClause(cursor);
+            label.overlap = cursor.onOff();
         } else if (cursor.acceptWord("duplicates")) {
-            label.duplicates = readOnOffClause(cursor);
+            label.duplicates = cursor.onOff();
         } else if (cursor.acceptWord("partialsegments")) {
-            label.partialSegments = readOnOffClause(cursor);
+            label.partialSegments = cursor.onOff();
         } else if (cursor.acceptWord("offset")) {
             label.offset = readOffset(cursor);
         } else if (cursor.acceptWord("max")) {

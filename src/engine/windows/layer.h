@@ -3,6 +3,7 @@
 // reads back. Zoom limits are kept in metres, whatever units they came in, and reported in the
 // session's distance units. Styles are clauses in canonical form ("Pen (1,2,0)").
 
+#include "engine/lang/style_clause.h"
 #include "engine/map_object.h"
 
 #include <cstdint>
@@ -22,11 +23,6 @@ enum class LabelLine : int { None = 0, Simple = 1, Arrow = 2 };
 enum class LabelVisibility : int { Off = 1, Zoom = 2, On = 3 };
 // LayerInfo(..., 38).
 enum class LabelOrientation : int { Horizontal = 0, Parallel = 1, Curved = 2 };
-
-inline constexpr const char* kDefaultPen = "Pen (1,2,0)";
-inline constexpr const char* kDefaultBrush = "Brush (2,16777215,16777215)";
-inline constexpr const char* kDefaultSymbol = "Symbol (35,0,12)";
-inline constexpr const char* kDefaultFont = "Font (\"Arial\",0,9,0)";
 
 // 10000 miles: the range a layer reports before a Zoom clause gives it one.
 inline constexpr double kDefaultZoomMaxMetres = 16093440.0;
@@ -57,9 +53,9 @@ struct LabelSettings {
     std::string expression; // Label With, as written
     LabelLine line = LabelLine::None;
     int position = 0; // LayerInfo 20: 0 centre ... 8 below right
-    std::string font = kDefaultFont;
+    std::string font = kInitialFont;
     bool fontGiven = false;        // LayerInfo 17 is T until a Label Font clause is given
-    std::string pen = kDefaultPen; // the call-out line
+    std::string pen = kInitialPen; // the call-out line
     LabelOrientation orientation = LabelOrientation::Horizontal;
     bool autoLabel = false;
     bool autoRetry = false;
@@ -80,11 +76,11 @@ struct Layer {
     std::string name; // the table's alias; "Cosmetic<n>" for the cosmetic layer
     LayerKind kind = LayerKind::Normal;
     LayerDisplay display = LayerDisplay::Graphic;
-    std::string globalLine = kDefaultPen;
-    std::string globalPen = kDefaultPen;
-    std::string globalBrush = kDefaultBrush;
-    std::string globalSymbol = kDefaultSymbol;
-    std::string globalFont = kDefaultFont;
+    std::string globalLine = kInitialPen;
+    std::string globalPen = kInitialPen;
+    std::string globalBrush = kInitialBrush;
+    std::string globalSymbol = kInitialSymbol;
+    std::string globalFont = kInitialFont;
     bool selectable = true;
     bool editable = false;
     bool nodes = false;

@@ -58,7 +58,7 @@ void readZoomRange(Cursor& cursor, Layer& layer) {
     layer.zoom.maxMetres = range.y * metres;
     // A range given without On or Off turns zoom layering on.
     layer.zoom.on = true;
-    if (cursor.peekWord("on") || cursor.peekWord("off")) layer.zoom.on = readOnOffClause(cursor);
+    if (cursor.peekWord("on") || cursor.peekWord("off")) layer.zoom.on = cursor.onOff();
 }
 
 int readPercentLike(Cursor& cursor, const char* what, int max) {
@@ -80,9 +80,9 @@ void readLayerClauses(Cursor& cursor, MapState& map, int number) {
         } else if (cursor.acceptWord("global")) {
             readGlobalStyles(cursor, layer);
         } else if (cursor.acceptWord("selectable")) {
-            layer.selectable = readOnOffClause(cursor);
+            layer.selectable = cursor.onOff();
         } else if (cursor.acceptWord("editable")) {
-            map.setEditable(number, readOnOffClause(cursor));
+            map.setEditable(number, cursor.onOff());
         } else if (cursor.peekWord("zoom") && cursor.peek(1).kind == Token::Kind::Symbol &&
                    cursor.peek(1).text == "(") {
             cursor.advance();
@@ -90,13 +90,13 @@ void readLayerClauses(Cursor& cursor, MapState& map, int number) {
         } else if (cursor.peekWord("zoom") &&
                    (cursor.peekWord("on", 1) || cursor.peekWord("off", 1))) {
             cursor.advance();
-            layer.zoom.on = readOnOffClause(cursor);
+            layer.zoom.on = cursor.onOff();
         } else if (cursor.acceptWord("arrows")) {
-            layer.arrows = readOnOffClause(cursor);
+            layer.arrows = cursor.onOff();
         } else if (cursor.acceptWord("nodes")) {
-            layer.nodes = readOnOffClause(cursor);
+            layer.nodes = cursor.onOff();
         } else if (cursor.acceptWord("centroids")) {
-            layer.centroids = readOnOffClause(cursor);
+            layer.centroids = cursor.onOff();
         } else if (cursor.acceptWord("label")) {
             readLabelClauses(cursor, layer);
         } else if (cursor.acceptWord("alpha")) {

@@ -144,7 +144,7 @@ bool readMapClause(Cursor& cursor, const Window& window, MapState& map) {
         cursor.expectWord("units");
         map.xyUnits = coordinateUnitName(cursor.nameOrString());
     } else if (cursor.acceptWord("redraw")) {
-        map.redraw = readOnOffClause(cursor);
+        map.redraw = cursor.onOff();
     } else if (cursor.acceptWord("order")) {
         readOrder(cursor, map);
     } else {

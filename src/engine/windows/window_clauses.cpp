@@ -75,12 +75,6 @@ int readWindowId(Cursor& cursor) {
     return windowIdOf(cursor.numberExpression());
 }
 
-bool readOnOffClause(Cursor& cursor) {
-    if (cursor.acceptWord("on")) return true;
-    if (cursor.acceptWord("off")) return false;
-    cursor.syntaxError("On or Off");
-}
-
 std::optional<std::string> readUnits(Cursor& cursor) {
     if (!cursor.acceptWord("units")) return std::nullopt;
     return cursor.nameOrString();

@@ -18,7 +18,6 @@ class Engine;
 int readWindowId(Cursor& cursor);
 
 // On or Off.
-bool readOnOffClause(Cursor& cursor);
 
 // An optional "Units <name>" clause; nullopt when the next word is not Units.
 std::optional<std::string> readUnits(Cursor& cursor);

@@ -53,9 +53,9 @@ void readPrinter(Cursor& cursor, PrinterSettings& printer) {
             if (size < 1 || size > 32767) raiseValueOutOfRange("Papersize", size);
             printer.paperSize = static_cast<int>(size);
         } else if (cursor.acceptWord("border")) {
-            printer.border = readOnOffClause(cursor);
+            printer.border = cursor.onOff();
         } else if (cursor.acceptWord("truecolor")) {
-            printer.trueColor = readOnOffClause(cursor);
+            printer.trueColor = cursor.onOff();
         } else if (cursor.peekWord("left") || cursor.peekWord("right") || cursor.peekWord("top") ||
                    cursor.peekWord("bottom")) {
             const std::string side = cursor.peek().lower;
@@ -74,7 +74,7 @@ void readPrinter(Cursor& cursor, PrinterSettings& printer) {
 
 // Enhanced On|Off [Smooth {Text|Image|Vector} <mode> ...].
 void readEnhanced(Cursor& cursor, WindowSettings& window) {
-    window.enhancedRendering = readOnOffClause(cursor);
+    window.enhancedRendering = cursor.onOff();
     if (!cursor.acceptWord("smooth")) return;
     bool any = false;
     while (true) {
@@ -129,14 +129,14 @@ void setWindow(Engine& engine, Cursor& cursor) {
         } else if (cursor.acceptWord("restore")) {
             state = WindowState::Normal;
         } else if (cursor.acceptWord("scrollbars")) {
-            settings.scrollBars = readOnOffClause(cursor);
+            settings.scrollBars = cursor.onOff();
         } else if (cursor.acceptWord("autoscroll")) {
-            settings.autoscroll = readOnOffClause(cursor);
+            settings.autoscroll = cursor.onOff();
         } else if (cursor.acceptWord("smart")) {
             cursor.expectWord("pan");
-            settings.smartPan = readOnOffClause(cursor);
+            settings.smartPan = cursor.onOff();
         } else if (cursor.acceptWord("sysmenuclose")) {
-            settings.sysMenuClose = readOnOffClause(cursor);
+            settings.sysMenuClose = cursor.onOff();
         } else if (cursor.acceptWord("snap")) {
             if (cursor.acceptWord("tolerance")) {
                 const double pixels = cursor.numberExpression();
@@ -144,7 +144,7 @@ void setWindow(Engine& engine, Cursor& cursor) {
                 settings.snapThreshold = static_cast<int>(pixels);
             } else {
                 cursor.expectWord("mode");
-                settings.snapMode = readOnOffClause(cursor);
+                settings.snapMode = cursor.onOff();
             }
         } else if (cursor.acceptWord("show")) {
             settings.visible = true;

@@ -1,10 +1,10 @@
 #include "engine/windows/window_workspace.h"
-#include "engine/workspace/workspace_format.h"
 
 #include "engine/engine.h"
 #include "engine/windows/label_position.h"
 #include "engine/windows/units.h"
 #include "engine/windows/window_manager.h"
+#include "engine/workspace/workspace_format.h"
 
 namespace vellant::engine {
 
