@@ -65,8 +65,12 @@ const std::string& Companion::global(std::string_view name) const {
 void Companion::setGlobal(std::string_view name, std::string value) {
     // The globals are the companion's own; global() finds the slot and raises for a stranger.
     const std::string& slot = global(name);
-    for (auto& g : globals_)
-        if (&g.second == &slot) g.second = std::move(value);
+    for (auto& g : globals_) {
+        if (&g.second == &slot) {
+            g.second = std::move(value);
+            return;
+        }
+    }
 }
 
 std::vector<std::string> Companion::globalNames() const {

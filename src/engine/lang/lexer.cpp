@@ -1,5 +1,6 @@
 #include "engine/lang/lexer.h"
 
+#include "base/basic_text.h"
 #include "engine/mb_error.h"
 
 #include <cctype>
@@ -26,13 +27,6 @@ bool isIdentifierStart(char c) {
 
 bool isIdentifierPart(char c) {
     return isIdentifierStart(c) || isDigit(c);
-}
-
-std::string toLower(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return lower;
 }
 
 // Symbols of two characters first, so that "<=" is not read as "<" and "=".
@@ -98,7 +92,7 @@ private:
             ++at_;
         if (at_ < src_.size() && src_[at_] == '$') ++at_; // Str$, Left$
         Token t = make(Token::Kind::Identifier, start);
-        t.lower = toLower(t.text);
+        t.lower = LCase(t.text);
         return t;
     }
 

@@ -1,30 +1,21 @@
 #include "engine/lang/registry.h"
 
+#include "base/basic_text.h"
+
 #include <cctype>
 
 namespace vellant::engine {
 
-namespace {
-
-std::string toLower(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return lower;
-}
-
-} // namespace
-
 void Registry::addStatement(std::vector<std::string> leadingWords, StatementHandler handler) {
     Node* node = &statements_;
     for (const std::string& word : leadingWords)
-        node = &node->next[toLower(word)];
+        node = &node->next[LCase(word)];
     node->handler = std::move(handler);
 }
 
 void Registry::addFunction(const std::string& name, int minArgs, int maxArgs,
                            FunctionHandler handler) {
-    functions_[toLower(name)] = Function{name, minArgs, maxArgs, std::move(handler)};
+    functions_[LCase(name)] = Function{name, minArgs, maxArgs, std::move(handler)};
 }
 
 Registry::StatementMatch

@@ -1,5 +1,6 @@
 #include "engine/lang/variables.h"
 
+#include "base/basic_text.h"
 #include "engine/lang/style_clause.h"
 #include "engine/mb_error.h"
 
@@ -10,13 +11,6 @@
 namespace vellant::engine {
 
 namespace {
-
-std::string toLower(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return lower;
-}
 
 MbValue initialValue(VariableType type) {
     switch (type) {
@@ -79,7 +73,7 @@ std::optional<VariableType> variableTypeFromName(std::string_view name) {
         {"symbol", VariableType::Symbol},     {"font", VariableType::Font},
         {"alias", VariableType::Alias},       {"date", VariableType::Date},
     };
-    const auto found = kTypes.find(toLower(name));
+    const auto found = kTypes.find(LCase(name));
     if (found == kTypes.end()) return std::nullopt;
     return found->second;
 }
@@ -117,7 +111,7 @@ MbValue convertForVariable(VariableType type, const MbValue& value, std::string_
 }
 
 void Variables::declare(std::string_view name, VariableType type) {
-    std::string key = toLower(name);
+    std::string key = LCase(name);
     if (variables_.count(key) != 0) {
         raiseMb(kMbSyntax, "Variable " + std::string(name) + " already defined.");
     }
@@ -129,19 +123,19 @@ const Variable* Variables::find(std::string_view name) const {
     const bool folded = std::none_of(name.begin(), name.end(), [](char c) {
         return std::isupper(static_cast<unsigned char>(c)) != 0;
     });
-    const auto found = folded ? variables_.find(name) : variables_.find(toLower(name));
+    const auto found = folded ? variables_.find(name) : variables_.find(LCase(name));
     return found == variables_.end() ? nullptr : &found->second;
 }
 
 void Variables::assign(std::string_view name, const MbValue& value) {
-    auto found = variables_.find(toLower(name));
+    auto found = variables_.find(LCase(name));
     if (found == variables_.end()) notDefined(name);
     Variable& variable = found->second;
     variable.value = convertForVariable(variable.type, value, variable.name);
 }
 
 void Variables::undeclare(std::string_view name) {
-    const auto found = variables_.find(toLower(name));
+    const auto found = variables_.find(LCase(name));
     if (found == variables_.end()) notDefined(name);
     variables_.erase(found);
 }
