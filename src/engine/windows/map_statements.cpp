@@ -95,7 +95,8 @@ void setMap(Engine& engine, Cursor& cursor) {
         }
         throw;
     }
-    windows.mapChanged(window.id());
+    // Only Order moves layers, and with them the made title.
+    windows.mapChanged(window.id(), allLayersBefore.has_value());
     engine.windowContentsChanged(window.id());
 }
 

@@ -276,9 +276,9 @@ int WindowManager::freeCosmeticNumber() const {
     }
 }
 
-void WindowManager::mapChanged(int id) {
+void WindowManager::mapChanged(int id, bool layerListChanged) {
     Window& window = get(id);
-    retitle(window);
+    if (layerListChanged) retitle(window);
     syncFrame(window);
     changed.notify(WindowEvent::Contents, id);
 }

@@ -104,9 +104,10 @@ public:
     void setTitle(int id, std::optional<std::string> title);
     // Tells observers (and mirrors in the frame) that placement, state or visibility changed.
     void placementChanged(int id);
-    // After a change to a map's layers or view: the made title follows the layers, and
-    // observers hear of it. (The client's call-back is the statement's business.)
-    void mapChanged(int id);
+    // After a change to a map's layers or view: the made title follows the layer list when it
+    // may have changed, and observers hear of it. (The client's call-back is the statement's
+    // business.)
+    void mapChanged(int id, bool layerListChanged = true);
 
     // Create ... Into Window: the object joins the map's cosmetic layer (id 0: the topmost
     // map) and the client hears that the window changed.
