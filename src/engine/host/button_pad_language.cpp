@@ -25,6 +25,21 @@ namespace vellant::engine {
 
 namespace {
 
+// Enable, Disable, Check or Uncheck: the state words a button definition and Alter Button share.
+bool readButtonState(Cursor& cursor, PadButton& button) {
+    if (cursor.acceptWord("enable"))
+        button.enabled = true;
+    else if (cursor.acceptWord("disable"))
+        button.enabled = false;
+    else if (cursor.acceptWord("check"))
+        button.checked = true;
+    else if (cursor.acceptWord("uncheck"))
+        button.checked = false;
+    else
+        return false;
+    return true;
+}
+
 int readInt(Cursor& cursor) {
     const std::int64_t value = cursor.expression().asInteger();
     if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
@@ -77,15 +92,7 @@ PadButton readButton(Cursor& cursor, PadButton::Kind kind) {
             button.helpMessage = cursor.stringExpression();
         } else if (cursor.acceptWord("modifierkeys")) {
             button.modifierKeys = cursor.onOff();
-        } else if (cursor.acceptWord("enable")) {
-            button.enabled = true;
-        } else if (cursor.acceptWord("disable")) {
-            button.enabled = false;
-        } else if (cursor.acceptWord("check")) {
-            button.checked = true;
-        } else if (cursor.acceptWord("uncheck")) {
-            button.checked = false;
-        } else {
+        } else if (!readButtonState(cursor, button)) {
             break;
         }
     }
@@ -196,17 +203,8 @@ void alterButton(Engine& engine, Cursor& cursor) {
     PadButton& button = *pad.button(id);
     bool any = false;
     while (!cursor.atEnd()) {
-        if (cursor.acceptWord("enable")) {
-            button.enabled = true;
-        } else if (cursor.acceptWord("disable")) {
-            button.enabled = false;
-        } else if (cursor.acceptWord("check")) {
-            button.checked = true;
-        } else if (cursor.acceptWord("uncheck")) {
-            button.checked = false;
-        } else {
+        if (!readButtonState(cursor, button))
             cursor.syntaxError("Enable, Disable, Check or Uncheck");
-        }
         any = true;
     }
     if (!any) cursor.syntaxError("Enable, Disable, Check or Uncheck");

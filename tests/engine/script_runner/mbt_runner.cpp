@@ -138,23 +138,24 @@ private:
     }
 
     bool checkError(const Line& line, const Line& expectation, const Outcome& outcome) {
-        const std::string spec = trimmed(expectation.text.substr(2));
-        const std::size_t blank = spec.find(' ');
-        const std::string codeText = spec.substr(0, blank);
-        const std::string message = blank == std::string::npos ? "" : trimmed(spec.substr(blank));
+        const std::string expectedError = trimmed(expectation.text.substr(2));
+        const std::size_t blank = expectedError.find(' ');
+        const std::string codeText = expectedError.substr(0, blank);
+        const std::string message =
+            blank == std::string::npos ? "" : trimmed(expectedError.substr(blank));
         char* end = nullptr;
         const long code = std::strtol(codeText.c_str(), &end, 10);
         if (codeText.empty() || *end != '\0') {
             return fail(expectation, "\"!>\" needs an error code");
         }
         if (!outcome.error) {
-            return fail(line, "expected error " + spec + "\n  but it succeeded" +
+            return fail(line, "expected error " + expectedError + "\n  but it succeeded" +
                                   (outcome.text.empty() ? "" : " with [" + outcome.text + "]"));
         }
         const std::string got = std::to_string(outcome.error->code()) + " " + outcome.error->what();
         if (outcome.error->code() != code ||
             (!message.empty() && message != outcome.error->what())) {
-            return fail(line, "expected error " + spec + "\n  got            " + got);
+            return fail(line, "expected error " + expectedError + "\n  got            " + got);
         }
         return true;
     }
