@@ -14,34 +14,8 @@ namespace vellant::engine {
 
 namespace {
 
-const char* typeName(MbType type) {
-    switch (type) {
-    case MbType::Logical:
-        return "Logical";
-    case MbType::SmallInt:
-        return "SmallInt";
-    case MbType::Integer:
-        return "Integer";
-    case MbType::Float:
-        return "Float";
-    case MbType::String:
-        return "String";
-    case MbType::Object:
-        return "Object";
-    case MbType::Pen:
-        return "Pen";
-    case MbType::Brush:
-        return "Brush";
-    case MbType::Symbol:
-        return "Symbol";
-    case MbType::Font:
-        return "Font";
-    }
-    return "?";
-}
-
 [[noreturn]] void mismatch(MbType have, const char* wanted) {
-    raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + typeName(have) + " found where " +
+    raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + mbTypeName(have) + " found where " +
                                  wanted + " expected.");
 }
 
@@ -243,6 +217,32 @@ std::string MbValue::toEvalText() const {
         return std::get<StyleClause>(data_).text;
     }
     return "";
+}
+
+const char* mbTypeName(MbType type) {
+    switch (type) {
+    case MbType::Logical:
+        return "Logical";
+    case MbType::SmallInt:
+        return "SmallInt";
+    case MbType::Integer:
+        return "Integer";
+    case MbType::Float:
+        return "Float";
+    case MbType::String:
+        return "String";
+    case MbType::Object:
+        return "Object";
+    case MbType::Pen:
+        return "Pen";
+    case MbType::Brush:
+        return "Brush";
+    case MbType::Symbol:
+        return "Symbol";
+    case MbType::Font:
+        return "Font";
+    }
+    return "?";
 }
 
 } // namespace vellant::engine

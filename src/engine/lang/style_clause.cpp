@@ -10,19 +10,6 @@ namespace {
 
 enum class Field { Whole, Number, Text };
 
-const char* keywordOf(MbType type) {
-    switch (type) {
-    case MbType::Pen:
-        return "Pen";
-    case MbType::Brush:
-        return "Brush";
-    case MbType::Symbol:
-        return "Symbol";
-    default:
-        return "Font";
-    }
-}
-
 // The shapes each clause may take, by number of fields.
 std::vector<Field> layoutOf(MbType type, const std::vector<MbValue>& fields) {
     const std::size_t n = fields.size();
@@ -50,14 +37,14 @@ std::vector<Field> layoutOf(MbType type, const std::vector<MbValue>& fields) {
     default:
         break;
     }
-    raiseMb(kMbSyntax, std::string(keywordOf(type)) + " clause with " + std::to_string(n) +
+    raiseMb(kMbSyntax, std::string(mbTypeName(type)) + " clause with " + std::to_string(n) +
                            " values is not valid.");
 }
 
 std::string fieldText(Field field, const MbValue& value, MbType type) {
     if (field == Field::Text) {
         if (value.type() != MbType::String) {
-            raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + keywordOf(type) +
+            raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + mbTypeName(type) +
                                          " clause needs a name in quotes, not " +
                                          value.toEvalText() + ".");
         }
@@ -69,7 +56,7 @@ std::string fieldText(Field field, const MbValue& value, MbType type) {
         return quoted + "\"";
     }
     if (!value.isNumber()) {
-        raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + keywordOf(type) +
+        raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + mbTypeName(type) +
                                      " clause needs a number, not " + value.toEvalText() + ".");
     }
     if (field == Field::Whole) return std::to_string(value.asInteger());
@@ -80,7 +67,7 @@ std::string fieldText(Field field, const MbValue& value, MbType type) {
 
 MbValue makeStyle(MbType type, const std::vector<MbValue>& fields) {
     const std::vector<Field> layout = layoutOf(type, fields);
-    std::string text = keywordOf(type);
+    std::string text = mbTypeName(type);
     text += " (";
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0) text += ',';
@@ -116,8 +103,8 @@ std::optional<MbValue> acceptStyleClause(Cursor& cursor, bool lineIsPen) {
     }
     MbValue value = cursor.expression();
     if (value.type() != type) {
-        raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + keywordOf(type) +
-                                     " clause needs a " + keywordOf(type) + " value, not " +
+        raiseMb(kMbTypeMismatch, std::string("Type mismatch: ") + mbTypeName(type) +
+                                     " clause needs a " + mbTypeName(type) + " value, not " +
                                      value.toEvalText() + ".");
     }
     return value;
