@@ -44,7 +44,7 @@ void assign(Engine& engine, Cursor& cursor) {
 
 Engine::Engine()
     : registry_(std::make_unique<Registry>()), variables_(std::make_unique<Variables>()),
-      catalog_(std::make_unique<Catalog>()), windows_(std::make_unique<WindowManager>()),
+      catalog_(std::make_unique<Catalog>()), windows_(std::make_unique<WindowManager>(*catalog_)),
       host_(std::make_unique<HostServices>()) {
     registerCoreLanguage(*registry_);
     registerTableLanguage(*registry_);

@@ -18,14 +18,34 @@ bool sameName(std::string_view a, std::string_view b) {
            });
 }
 
+std::string lowerName(std::string_view name) {
+    std::string lower(name);
+    for (char& c : lower)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return lower;
+}
+
 } // namespace
 
 Catalog::Catalog() = default;
 Catalog::~Catalog() = default;
 
 Table* Catalog::find(std::string_view name) const {
+    std::string key = lowerName(name);
+    if (const auto hit = foundByName_.find(key);
+        hit != foundByName_.end() && sameName(hit->second->name(), name))
+        return hit->second;
+    Table* table = scan(name);
+    if (table != nullptr) foundByName_[std::move(key)] = table;
+    return table;
+}
+
+Table* Catalog::scan(std::string_view name) const {
     for (const auto& table : tables_) {
         if (sameName(table->name(), name)) return table.get();
+    }
+    for (Table* table : attached_) {
+        if (sameName(table->name(), name)) return table;
     }
     return nullptr;
 }
@@ -53,6 +73,25 @@ Table& Catalog::add(std::unique_ptr<Table> table) {
 
 std::vector<std::string> Catalog::remove(std::string_view name) {
     const Table& table = get(name);
+    if (isAttached(table)) raiseCannotClose(table.name());
+    return closeFamily(table);
+}
+
+void Catalog::attach(Table& table) {
+    if (find(table.name()) != nullptr) raiseAlreadyOpen(table.name());
+    attached_.push_back(&table);
+}
+
+std::vector<std::string> Catalog::detach(const Table& table) {
+    if (!isAttached(table)) return {};
+    return closeFamily(table);
+}
+
+bool Catalog::isAttached(const Table& table) const {
+    return std::find(attached_.begin(), attached_.end(), &table) != attached_.end();
+}
+
+std::vector<std::string> Catalog::closeFamily(const Table& table) {
     // Queries of queries go too: collect the whole family before anything is destroyed.
     std::vector<const Table*> closing{&table};
     for (bool grew = true; grew;) {
@@ -73,6 +112,8 @@ std::vector<std::string> Catalog::remove(std::string_view name) {
     std::erase_if(tables_, [&](const std::unique_ptr<Table>& candidate) {
         return std::find(closing.begin(), closing.end(), candidate.get()) != closing.end();
     });
+    std::erase(attached_, &table);
+    foundByName_.clear();
     return names;
 }
 

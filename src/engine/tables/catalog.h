@@ -1,11 +1,14 @@
 #pragma once
-// The catalog of open tables, in the order they were opened.
+// The catalog of open tables, in the order they were opened, and of the tables that belong to
+// something else (a map window's cosmetic layer): those answer to their name like any other,
+// but are not counted or numbered, as the host keeps them out of NumTables() and TableInfo(n).
 
 #include "engine/tables/table.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace vellant::engine {
@@ -15,7 +18,7 @@ public:
     Catalog();
     ~Catalog();
 
-    // By name in any letter case; nullptr when no such table is open.
+    // By name in any letter case, attached tables included; nullptr when no such table is open.
     Table* find(std::string_view name) const;
     // As find, but raises MbError 405 "Table <name> is not open."
     Table& get(std::string_view name) const;
@@ -26,9 +29,17 @@ public:
 
     // Adds a table; raises 643 "Table <name> is already open." when the name is taken.
     Table& add(std::unique_ptr<Table> table);
-    // Closes the table and the queries made from it; 405 when it is not open. Answers the
-    // names of all tables closed, the named one first.
+    // Closes the table and the queries made from it; 405 when it is not open, 642 for an
+    // attached table, which only its owner withdraws. Answers the names of all tables closed,
+    // the named one first.
     std::vector<std::string> remove(std::string_view name);
+
+    // A table owned elsewhere joins by name; it must stay alive until detached. Its name is
+    // read at each look-up, so an owner may rename it in place.
+    void attach(Table& table);
+    // The owner withdraws it: the queries made from it close. Answers the names gone, the
+    // attached table first, as remove does.
+    std::vector<std::string> detach(const Table& table);
 
     // The value of "table.column" for the table's current row (Fetch). "obj" (or "object") is
     // the object, an Object value without one where the row has none; "rowid" is the row
@@ -40,7 +51,19 @@ public:
     std::string nextQueryName();
 
 private:
+    bool isAttached(const Table& table) const;
+    // Removes the table and the queries made from it, however deep; answers their names.
+    std::vector<std::string> closeFamily(const Table& table);
+
+    Table* scan(std::string_view name) const;
+
     std::vector<std::unique_ptr<Table>> tables_;
+    std::vector<Table*> attached_;
+    // Tables found before, by lower-case name. A program asks about the same few tables
+    // thousands of times in a large map, and a scan of every open table made that quadratic.
+    // Tables can be renamed behind the catalog's back (a cosmetic table follows its layer), so a
+    // hit counts only while the table still bears the name; closing clears the lot.
+    mutable std::unordered_map<std::string, Table*> foundByName_;
     int queriesMade_ = 0;
 };
 

@@ -7,6 +7,7 @@
 //    642 "Table <name> cannot be edited."                Insert/Delete/Create Map on a file table
 //    642 "Table <name> is read only."                    editing after Set Table ... ReadOnly
 //    643 "Table <name> is already open."                 Open/Create/Select Into a name in use
+//    642 "Table <name> cannot be closed."                Close/Drop Table on a cosmetic table
 //    825 "Unable to open table <path>: <reason>"        Open Table on a missing or damaged file
 //    825 "Unable to write table <path>: <reason>"       Commit, Insert into a table with a file
 //    650 "<Function>: could not fetch object."          ObjectInfo and friends without an object
@@ -33,6 +34,10 @@ namespace vellant::engine {
 
 [[noreturn]] inline void raiseReadOnly(std::string_view table) {
     raiseMb(kMbCmdNotSupported, "Table " + std::string(table) + " is read only.");
+}
+
+[[noreturn]] inline void raiseCannotClose(std::string_view table) {
+    raiseMb(kMbCmdNotSupported, "Table " + std::string(table) + " cannot be closed.");
 }
 
 [[noreturn]] inline void raiseAlreadyOpen(std::string_view table) {

@@ -26,15 +26,6 @@ void include(std::optional<Bounds>& box, const std::optional<Bounds>& other) {
     include(box, other->maxX, other->maxY);
 }
 
-std::optional<Bounds> cosmeticExtent(const MapState& map) {
-    std::optional<Bounds> box;
-    for (const auto& object : map.cosmeticObjects)
-        for (const auto& part : object->parts)
-            for (const MapPoint& p : part)
-                include(box, p.x, p.y);
-    return box;
-}
-
 // A box of another projection is bent in this one: its corners and the middles of its edges
 // give a fair hull.
 std::optional<Bounds> reproject(const Bounds& box, const CoordTransform& transform) {
@@ -53,6 +44,17 @@ std::optional<Bounds> reproject(const Bounds& box, const CoordTransform& transfo
 }
 
 } // namespace
+
+std::optional<Bounds> cosmeticExtent(const MapState& map) {
+    std::optional<Bounds> box;
+    for (const auto& object : map.cosmeticObjects) {
+        if (!object) continue; // deleted
+        for (const auto& part : object->parts)
+            for (const MapPoint& p : part)
+                include(box, p.x, p.y);
+    }
+    return box;
+}
 
 std::optional<Bounds> layerExtent(const Catalog& catalog, const MapState& map, int number) {
     if (number == 0) return cosmeticExtent(map);

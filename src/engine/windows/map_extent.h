@@ -13,6 +13,9 @@ namespace vellant::engine {
 // or whose table is no longer open.
 std::optional<Bounds> layerExtent(const Catalog& catalog, const MapState& map, int number);
 
+// The box of the cosmetic layer's objects; nullopt when it has none.
+std::optional<Bounds> cosmeticExtent(const MapState& map);
+
 // The box of all layers together.
 std::optional<Bounds> mapExtent(const Catalog& catalog, const MapState& map);
 

@@ -33,6 +33,11 @@ int MapState::findLayer(std::string_view name) const {
     return -1;
 }
 
+bool MapState::hasCosmeticObjects() const {
+    return std::ranges::any_of(cosmeticObjects,
+                               [](const auto& object) { return object != nullptr; });
+}
+
 int MapState::editableLayer() const {
     if (cosmetic.editable) return 0;
     for (int i = 0; i < layerCount(); ++i)

@@ -23,7 +23,12 @@ enum class MapStatusDisplay : int { Scale = 0, Zoom = 1, Position = 2 };
 struct MapState {
     std::vector<Layer> layers; // layers[0] is layer 1, the top
     Layer cosmetic;
+    // The rows of the cosmetic table, in order; a deleted row leaves nullptr so that the rows
+    // after it keep their numbers.
     std::vector<std::shared_ptr<const MapObject>> cosmeticObjects;
+
+    // Whether the cosmetic layer holds any object (deleted rows do not count).
+    bool hasCosmeticObjects() const;
 
     CoordSys coordSys;
     double centreX = 0;

@@ -13,6 +13,9 @@
 
 namespace vellant::engine {
 
+class CosmeticTable;
+class Table;
+
 // WindowInfo(..., 3).
 enum class WindowType : int { Map = 1, Browser = 2 };
 // WindowInfo(..., 9).
@@ -60,6 +63,9 @@ struct WindowSettings {
 class Window {
 public:
     Window(int id, WindowType type);
+    ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
 
     int id() const { return id_; }
     WindowType type() const { return type_; }
@@ -73,6 +79,8 @@ public:
     // The title as WindowInfo 1 gives it; see WindowManager for how it is made.
     const std::string& title() const { return title_; }
     bool hasCustomTitle() const { return customTitle_; }
+    // Maps only: the table of the cosmetic layer, while the window is open; nullptr otherwise.
+    Table* cosmeticTable() const;
 
     WindowPlacement placement;
     WindowState state = WindowState::Normal;
@@ -89,6 +97,7 @@ private:
     int id_;
     WindowType type_;
     std::unique_ptr<platform::Control> frame_;
+    std::unique_ptr<CosmeticTable> cosmeticTable_;
     std::string title_;
     bool customTitle_ = false;
     std::string baseTitle_; // the title without its ":n" instance

@@ -3,6 +3,7 @@
 #include "engine/engine.h"
 #include "engine/mb_error.h"
 #include "engine/tables/catalog.h"
+#include "engine/windows/cosmetic_table.h"
 #include "engine/windows/geodesy.h"
 #include "engine/windows/map_extent.h"
 #include "engine/windows/map_layers.h"
@@ -60,8 +61,13 @@ void initialView(MapState& map, const Catalog& catalog, const WindowPlacement& p
 
 } // namespace
 
-WindowManager::WindowManager() = default;
-WindowManager::~WindowManager() = default;
+WindowManager::WindowManager(Catalog& catalog) : catalog_(catalog) {}
+
+WindowManager::~WindowManager() {
+    for (const auto& window : windows_) {
+        if (window->cosmeticTable_) catalog_.detach(*window->cosmeticTable_);
+    }
+}
 
 void WindowManager::place(Window& window, const NewWindowOptions& options) const {
     const double cascade = kCascadeStep * static_cast<double>(count() % kCascadeLength);
@@ -76,6 +82,10 @@ void WindowManager::place(Window& window, const NewWindowOptions& options) const
 }
 
 Window& WindowManager::adopt(std::unique_ptr<Window> window) {
+    if (window->map) {
+        window->cosmeticTable_ = std::make_unique<CosmeticTable>(*window->map);
+        catalog_.attach(*window->cosmeticTable_);
+    }
     nextDocument_ = {};
     Window& adopted = *window;
     windows_.push_back(std::move(window));
@@ -141,11 +151,17 @@ Window& WindowManager::cloneMap(int id) {
 }
 
 void WindowManager::close(int id) {
-    get(id);
+    const Window& window = get(id);
+    // The cosmetic table leaves the catalog before it is destroyed with the window.
+    const std::vector<std::string> gone = window.cosmeticTable_
+                                              ? catalog_.detach(*window.cosmeticTable_)
+                                              : std::vector<std::string>{};
     std::erase(order_, id);
     std::erase_if(windows_, [id](const auto& w) { return w->id() == id; });
     changed.notify(WindowEvent::Closed, id);
     if (!order_.empty()) changed.notify(WindowEvent::Front, order_.front());
+    for (const std::string& table : gone)
+        tableClosed(table);
 }
 
 int WindowManager::mostRecentWindow() const {
@@ -267,12 +283,10 @@ void WindowManager::syncFrame(Window& window) {
 }
 
 int WindowManager::freeCosmeticNumber() const {
+    // Open maps' cosmetic tables are in the catalog, so one look-up covers them and any table
+    // opened under such a name.
     for (int n = 1;; ++n) {
-        const std::string name = "Cosmetic" + std::to_string(n);
-        const bool taken = std::ranges::any_of(windows_, [&](const auto& w) {
-            return w->map && sameName(w->map->cosmetic.name, name);
-        });
-        if (!taken) return n;
+        if (catalog_.find("Cosmetic" + std::to_string(n)) == nullptr) return n;
     }
 }
 
@@ -286,7 +300,7 @@ void WindowManager::mapChanged(int id, bool layerListChanged) {
 void WindowManager::addCosmeticObject(Engine& engine, int id,
                                       std::shared_ptr<const MapObject> object) {
     Window& window = id == 0 ? topMap() : getMap(id);
-    window.map->cosmeticObjects.push_back(std::move(object));
+    window.cosmeticTable_->insertRow({}, std::move(object));
     mapChanged(window.id());
     engine.windowContentsChanged(window.id());
 }
@@ -343,8 +357,10 @@ void WindowManager::tableClosed(std::string_view table) {
             mapChanged(window->id());
         }
     }
-    for (int id : emptied)
-        close(id);
+    for (int id : emptied) {
+        // Closing one may have closed the next, through the queries of its cosmetic table.
+        if (find(id) != nullptr) close(id);
+    }
 }
 
 void WindowManager::setMapTool(int tool) {

@@ -59,7 +59,9 @@ inline constexpr int kCloneMapCommand = 811;
 
 class WindowManager {
 public:
-    WindowManager();
+    // The catalog learns each map's cosmetic table while the map is open; it must outlive
+    // the manager.
+    explicit WindowManager(Catalog& catalog);
     ~WindowManager();
     WindowManager(const WindowManager&) = delete;
     WindowManager& operator=(const WindowManager&) = delete;
@@ -74,6 +76,8 @@ public:
                         std::vector<std::string> columns, const NewWindowOptions& options);
     // A copy of a map with every layer and setting, at the same place, as the front window.
     Window& cloneMap(int id);
+    // A map's cosmetic table goes with it, and so do the queries made from that table and
+    // the windows left with nothing to show.
     void close(int id);
 
     // NumWindows().
@@ -148,6 +152,7 @@ private:
     void syncFrame(Window& window);
     int freeCosmeticNumber() const;
 
+    Catalog& catalog_;
     std::vector<std::unique_ptr<Window>> windows_; // in the order they were opened
     std::vector<int> order_;                       // stacking order, front first
     int nextId_ = kFirstWindowId;

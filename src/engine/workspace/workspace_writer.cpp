@@ -90,7 +90,7 @@ private:
             }
             kept.push_back(number);
         }
-        if (!map.cosmeticObjects.empty())
+        if (map.hasCosmeticObjects())
             out_.leftOut.push_back("The objects in the cosmetic layer of " + window.title() + ".");
         if (kept.empty()) {
             out_.leftOut.push_back("Window " + window.title() + ": no layer is left to show.");
