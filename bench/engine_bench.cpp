@@ -1,10 +1,10 @@
 // The round trips a grid load makes most, through the automation object as the program makes
 // them: a layer's display mode by eval, and a visibility change by Do, on a map of 50 layers.
 
+#include "app/sample_tables/sample_tables.h"
 #include "base/basic_text.h"
 #include "engine/engine.h"
 #include "engine/host/mapinfo_automation.h"
-#include "engine/support/test_tables.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -22,7 +22,7 @@ struct FiftyLayerMap {
         std::string folder =
             (std::filesystem::temp_directory_path() / "vellant-bench-XXXXXX").string();
         if (mkdtemp(folder.data()) == nullptr) std::abort();
-        vellant::engine::testing::writeTestTables(folder);
+        vellant::samples::writeSampleTables(folder);
         std::string mapFrom = "Map From ";
         for (int i = 1; i <= kLayers; ++i) {
             const std::string alias = "points" + std::to_string(i);

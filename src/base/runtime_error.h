@@ -29,6 +29,7 @@ enum ErrorNumber : int {
     kErrAutomation = 440,         // "Automation error"
     kErrCannotCreateObject = 429, // "ActiveX component can't create object"
     kErrNoSuchMember = 438,       // "Object doesn't support this property or method"
+    kErrRemoteServer = 462,       // "The remote server machine does not exist or is unavailable"
 };
 
 // The runtime's standard text for an error number; "Application-defined or object-defined error"

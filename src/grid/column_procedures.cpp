@@ -18,11 +18,6 @@ namespace {
 constexpr int kFirstShiftedMapXColumn = 21; // right of "label dataset"
 constexpr int kLabelPropertiesColumn = 19;
 
-void logQuietly(Session& s, const std::string& line) {
-    ResumeNext next;
-    next([&] { prefs::vlog(s, line); });
-}
-
 // The MapX column number of a lower-case key, or 0 when no column has it.
 int mapxColumnOf(const std::string& key) {
     if (key == "label visible") return kLabelPropertiesColumn;
@@ -51,7 +46,9 @@ std::int16_t getcolnum(Session& s, const std::string& key) {
             if (number > 0) s.gColKey[number] = lower;
             if (number > s.gColCount) prefs::vlog(s, "Max columns exceeded");
         },
-        [&](const RuntimeError& e) { logQuietly(s, "error from getcolnum " + e.description()); });
+        [&](const RuntimeError& e) {
+            prefs::logQuietly(s, "error from getcolnum " + e.description());
+        });
     return number;
 }
 
@@ -80,7 +77,9 @@ void setcolatts(Session& s) {
                 s.gColGroupPic[c] = column.glyph;
             }
         },
-        [&](const RuntimeError& e) { logQuietly(s, "Error from setcolatts " + e.description()); });
+        [&](const RuntimeError& e) {
+            prefs::logQuietly(s, "Error from setcolatts " + e.description());
+        });
 }
 
 std::int16_t colgroup(Session& s, std::int16_t& headColumn) {
@@ -117,7 +116,7 @@ std::int16_t labelcolheader(Session& s, std::string& key, platform::Control& ima
             if (s.gColGroup[col] == col) grid.setCellBackColor(kHeadColumnBackColor);
         },
         [&](const RuntimeError& e) {
-            logQuietly(s, "Error from labelcolheader " + e.description());
+            prefs::logQuietly(s, "Error from labelcolheader " + e.description());
         });
     return 0;
 }

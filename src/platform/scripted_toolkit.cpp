@@ -111,6 +111,7 @@ int ScriptedToolkit::MsgBox(const std::string& prompt, int buttons, const std::s
                                         " to a message box without that button: " + prompt);
     }
     messages_.push_back(Message{prompt, buttons, title, answer});
+    if (onMessage) onMessage(messages_.back());
     return answer;
 }
 

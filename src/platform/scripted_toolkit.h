@@ -55,6 +55,9 @@ public:
     // std::invalid_argument.
     void queueAnswer(int answer) { answers_.push_back(answer); }
     const std::vector<Message>& messages() const { return messages_; }
+    // Told of each message box once it has its answer, before MsgBox returns (the replay
+    // runner's transcript keeps them in order with everything else).
+    std::function<void(const Message&)> onMessage;
     // The item chosen in the next popup menu, by control name; "" closes it without a choice.
     void queuePopupChoice(std::string itemName) { popupChoices_.push_back(std::move(itemName)); }
     const std::vector<std::string>& popups() const { return popups_; }

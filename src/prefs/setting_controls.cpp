@@ -10,8 +10,7 @@ namespace vellant::prefs {
 namespace {
 
 void logError(Session& s, const char* label, const RuntimeError& e) {
-    ResumeNext next;
-    next([&] { vlog(s, std::string(label) + e.description()); });
+    logQuietly(s, std::string(label) + e.description());
 }
 
 } // namespace

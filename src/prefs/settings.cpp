@@ -50,8 +50,7 @@ void getotherprefs(Session& s) {
             file.close();
         },
         [&](const RuntimeError& e) {
-            ResumeNext next;
-            next([&] { vlog(s, "Error from getotherprefs " + s.gTrace + " " + e.description()); });
+            logQuietly(s, "Error from getotherprefs " + s.gTrace + " " + e.description());
             file.close();
         });
 }
@@ -67,24 +66,32 @@ void writeprefs(Session& s) {
             file.close();
         },
         [&](const RuntimeError& e) {
-            ResumeNext next;
-            next([&] { vlog(s, "Error from writeprefs " + e.description()); });
+            logQuietly(s, "Error from writeprefs " + e.description());
             file.close();
         });
 }
 
-void vlog(Session& s, const std::string& text) {
+bool isDeveloperMachine(const Session& s) {
     const std::string machine = LCase(s.gComputerName);
-    bool developerMachine = false;
     for (const std::string& name : s.developerMachines)
-        if (machine == LCase(name)) developerMachine = true;
-    if (developerMachine)
+        if (machine == LCase(name)) return true;
+    return false;
+}
+
+void logQuietly(Session& s, const std::string& line) {
+    ResumeNext next;
+    next([&] { vlog(s, line); });
+}
+
+void vlog(Session& s, const std::string& text) {
+    if (isDeveloperMachine(s))
         s.toolkit.MsgBox(text, 0, "Vellant");
     else
         s.gRestart = kFalse;
     if (!s.gLogFile.is_open()) raiseError(kErrBadFileNumber);
     s.gLogFile << '"' << text << "\"\r\n";
     s.gLogFile.flush();
+    if (s.onLogLine) s.onLogLine(text);
 }
 
 void closelog(Session& s) {

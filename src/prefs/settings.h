@@ -26,6 +26,12 @@ void writeprefs(Session& s);
 // shown in a message box first; elsewhere the line clears gRestart. No handler of its own: a
 // failure (no log open) falls to the caller's handler.
 void vlog(Session& s, const std::string& text);
+// The log line of an error handler: a handler must let no error out of its procedure, and the
+// log itself can fail (none open after shutdown), so the line is written or dropped.
+void logQuietly(Session& s, const std::string& line);
+// The machine is one of the developer machines, whose log lines are shown too and which offer
+// the self test.
+bool isDeveloperMachine(const Session& s);
 // Closes file 99 at the end of a session.
 void closelog(Session& s);
 

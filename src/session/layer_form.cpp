@@ -24,14 +24,39 @@ const char* const kHeaderImageNames[] = {
     "CoordsysPic",     "UserInfoPic",     "UserEvalPic",
 };
 
+// Pictures the cells show.
+const char* const kCellImageNames[] = {
+    "Image1",
+    "Image2",
+    "Image1Gray",
+    "Image2gray",
+    "Linestylelinepic",
+    "Linestylearrowpic",
+    "LabelVisOnPic",
+    "LabelVisZmPic",
+    "EditedPic",
+    "QueryTabPic",
+    "QueryTab_EditedPic",
+    "TxtStyleOffPic",
+};
+
 } // namespace
 
 LayerForm::LayerForm(std::string name, platform::Toolkit& toolkit)
     : Form(std::move(name), toolkit), Timer1("Timer1", toolkit) {
     for (const char* image : kHeaderImageNames)
-        addHeaderImage(image, kHeaderPictureTwips, kHeaderPictureTwips);
-    addHeaderImage("DragLayerPic", kWideHeaderPictureTwips, kHeaderPictureTwips);
-    addHeaderImage("StylePic", kWideHeaderPictureTwips, kHeaderPictureTwips);
+        addImage(image, kHeaderPictureTwips, kHeaderPictureTwips);
+    addImage("DragLayerPic", kWideHeaderPictureTwips, kHeaderPictureTwips);
+    addImage("StylePic", kWideHeaderPictureTwips, kHeaderPictureTwips);
+    for (const char* image : kCellImageNames)
+        addImage(image, kHeaderPictureTwips, kHeaderPictureTwips);
+    for (auto& orient : LabelOrient.all()) {
+        orient.setWidth(kHeaderPictureTwips);
+        orient.setHeight(kHeaderPictureTwips);
+        orient.setVisible(false);
+        orient.setPicture({"LabelOrient" + std::to_string(orient.Index()), nullptr,
+                           kHeaderPictureTwips, kHeaderPictureTwips});
+    }
 
     for (auto& glyph : CollapseColsPic.all()) {
         glyph.setWidth(kGlyphTwips);
@@ -72,19 +97,20 @@ LayerForm::LayerForm(std::string name, platform::Toolkit& toolkit)
     layers_popup.addItem(remove_group_prefs);
 
     registerAll();
+    wireButtons();
 }
 
-void LayerForm::addHeaderImage(const std::string& name, int widthTwips, int heightTwips) {
+void LayerForm::addImage(const std::string& name, int widthTwips, int heightTwips) {
     auto image = std::make_unique<platform::Control>(name);
     image->setWidth(widthTwips);
     image->setHeight(heightTwips);
     image->setVisible(false);
     image->setPicture({name, nullptr, widthTwips, heightTwips});
-    headerImages_.push_back(std::move(image));
+    images_.push_back(std::move(image));
 }
 
 platform::Control& LayerForm::imageControl(const std::string& name) {
-    for (auto& image : headerImages_)
+    for (auto& image : images_)
         if (image->Name() == name) return *image;
     raiseError(platform::kErrNoSuchControlElement, "Control '" + name + "' doesn't exist");
 }
@@ -96,6 +122,16 @@ void LayerForm::registerAll() {
                                                                &Docked,
                                                                &MapImmediate,
                                                                &map_bounds,
+                                                               &MapInfoFrame,
+                                                               &ZoomWidth,
+                                                               &ZoomScale,
+                                                               &Group_selected,
+                                                               &Ungroup_layers,
+                                                               &View_Entire,
+                                                               &Remove_layer,
+                                                               &Add_Layer,
+                                                               &show_MI_statusbar,
+                                                               &VL_on_top,
                                                                &layers_popup,
                                                                &Expand_Row,
                                                                &show_tooltips,
@@ -111,12 +147,20 @@ void LayerForm::registerAll() {
         registerControl(c);
     for (auto& c : ExpandColsPic.all())
         registerControl(c);
-    for (auto& image : headerImages_)
+    for (auto& c : LabelOrient.all())
+        registerControl(c);
+    for (auto& image : images_)
         registerControl(*image);
 }
 
 vlLayerControl::vlLayerControl(platform::Toolkit& toolkit) : LayerForm("vlLayerControl", toolkit) {}
 
-vlLayerDocked::vlLayerDocked(platform::Toolkit& toolkit) : LayerForm("vlLayerDocked", toolkit) {}
+vlLayerDocked::vlLayerDocked(platform::Toolkit& toolkit) : LayerForm("vlLayerDocked", toolkit) {
+    // The timer is switched on at the end of Form_Load, when the form is ready.
+    Timer1.setEnabled(false);
+}
+
+// Form_Load, Form_Unload and the buttons run the session's procedures; form_events.cpp holds
+// them.
 
 } // namespace vellant::session

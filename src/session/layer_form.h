@@ -14,9 +14,22 @@
 
 namespace vellant::session {
 
+struct Session;
+
 class LayerForm : public platform::Form {
 public:
     LayerForm(std::string name, platform::Toolkit& toolkit);
+
+    // The session whose Form_Load and Form_Unload this form runs; set before the form loads.
+    Session* session = nullptr;
+
+    // The Cancel of this form as mapinfo_init calls it late-bound: the floating form's own
+    // Cancel_Click, the docked form's cencelclick.
+    virtual void Cancel_Click() = 0;
+    // The twins answer these buttons differently: docking restarts a docked session at once,
+    // and the immediate setting is silent in a docked form that is still loading.
+    virtual void Docked_Click() = 0;
+    virtual void MapImmediate_Click() = 0;
 
     platform::FlexGrid LyrGrid{"LyrGrid"};
 
@@ -25,11 +38,17 @@ public:
     platform::Control Docked{"Docked"};
     platform::Control MapImmediate{"MapImmediate"};
     platform::Control map_bounds{"map_bounds"};
+    // The frame the view map window is a child of.
+    platform::Control MapInfoFrame{"MapInfoFrame"};
+    platform::Control ZoomWidth{"ZoomWidth"};
+    platform::Control ZoomScale{"ZoomScale"};
 
     // Pictures beside and above the grid.
     platform::ControlArray<platform::Control> ToggleStatusPic{"ToggleStatusPic", 0, 3};
     platform::ControlArray<platform::Control> CollapseColsPic{"CollapseColsPic", 0, 6};
     platform::ControlArray<platform::Control> ExpandColsPic{"ExpandColsPic", 0, 6};
+    // The nine label orientations, by position code.
+    platform::ControlArray<platform::Control> LabelOrient{"LabelOrient", 0, 8};
 
     // Menu items.
     platform::MenuItem layers_popup{"layers_popup"};
@@ -38,30 +57,59 @@ public:
     platform::MenuItem Save_user_position{"Save_user_position"};
     platform::MenuItem remove_group_prefs{"remove_group_prefs"};
     platform::MenuItem self_test{"self_test"};
+    platform::MenuItem Group_selected{"Group_selected"};
+    platform::MenuItem Ungroup_layers{"Ungroup_layers"};
+    platform::MenuItem View_Entire{"View_Entire"};
+    platform::MenuItem Remove_layer{"Remove_layer"};
+    platform::MenuItem Add_Layer{"Add_Layer"};
+    platform::MenuItem show_MI_statusbar{"show_MI_statusbar"};
+    platform::MenuItem VL_on_top{"VL_on_top"};
 
     platform::Timer Timer1;
 
-    // The image controls whose pictures head the grid's columns, by name; error 340 for a name
-    // the form has no control of.
+    // The form's image controls by name: the pictures that head the grid's columns and those
+    // the cells show (Image1 on, Image2 off, their gray twins, the table marks...); error 340
+    // for a name the form has no control of.
     platform::Control& imageControl(const std::string& name);
 
-private:
-    void addHeaderImage(const std::string& name, int widthTwips, int heightTwips);
-    void registerAll();
+protected:
+    void Form_Unload(bool& cancel) override;
 
-    std::vector<std::unique_ptr<platform::Control>> headerImages_;
+    // The immediate setting follows MapImmediate; showMessages is false for a change the
+    // user should not hear of.
+    void changeImmediate(bool showMessages);
+
+private:
+    void addImage(const std::string& name, int widthTwips, int heightTwips);
+    void registerAll();
+    // OK, Cancel, Docked and MapImmediate reach the session's procedures.
+    void wireButtons();
+
+    std::vector<std::unique_ptr<platform::Control>> images_;
 };
 
 // The floating form, with the map panel under the grid.
 class vlLayerControl : public LayerForm {
 public:
     explicit vlLayerControl(platform::Toolkit& toolkit);
+    void Cancel_Click() override;
+    void Docked_Click() override;
+    void MapImmediate_Click() override;
+
+protected:
+    void Form_Load() override;
 };
 
 // The form glued to the bottom edge of the host's main window.
 class vlLayerDocked : public LayerForm {
 public:
     explicit vlLayerDocked(platform::Toolkit& toolkit);
+    void Cancel_Click() override;
+    void Docked_Click() override;
+    void MapImmediate_Click() override;
+
+protected:
+    void Form_Load() override;
 };
 
 } // namespace vellant::session

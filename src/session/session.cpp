@@ -1,10 +1,12 @@
 #include "session/session.h"
 
 #include "base/runtime_error.h"
+#include "prefs/settings.h"
 
 namespace vellant::session {
 
-Session::Session(platform::Toolkit& tk, std::string dir) : toolkit(tk), appPath(std::move(dir)) {
+Session::Session(platform::Toolkit& tk, std::string dir, platform::AutomationRegistry* reg)
+    : toolkit(tk), appPath(std::move(dir)), registry(reg ? *reg : ownRegistry_) {
     gComputerName = toolkit.ComputerName();
 }
 
@@ -18,6 +20,42 @@ LayerForm& Session::layerForm() const {
 hostmodel::IMap& Session::map() const {
     if (!gMap) raiseError(kErrObjectNotSet);
     return *gMap;
+}
+
+hostmodel::MapInfoApp& Session::mapInfoApp() const {
+    if (!gMapInfo) raiseError(kErrObjectNotSet);
+    return *gMapInfo;
+}
+
+hostmodel::ILayer& Session::lyr() const {
+    if (!gLyr) raiseError(kErrObjectNotSet);
+    return *gLyr;
+}
+
+hostmodel::ILabelProps& Session::labelProps() const {
+    if (!gLabelProps) raiseError(kErrObjectNotSet);
+    return *gLabelProps;
+}
+
+void Session::releaseHostObjects() {
+    gMap.reset();
+    gViewLyr.reset();
+    gLyr.reset();
+    gStyle.reset();
+    gLabelProps.reset();
+    gViewLabelProps.reset();
+    gLabelStyle.reset();
+    gMBApp = nullptr;
+    gCallback.reset();
+    gMBGlobals = nullptr;
+}
+
+void Session::log(const std::string& line) {
+    prefs::vlog(*this, line);
+}
+
+void Session::showMessage(const std::string& text) {
+    toolkit.MsgBox(text);
 }
 
 } // namespace vellant::session

@@ -3,6 +3,7 @@
 
 #include "base/int16.h"
 #include "hostmodel/map_object.h"
+#include "hostmodel/mapinfo_app.h"
 
 #include <cstdint>
 #include <memory>
@@ -13,6 +14,7 @@ namespace vellant::session {
 class LayerForm;
 class vlLayerControl;
 class vlLayerDocked;
+class MICallback;
 
 struct SessionState {
     // -1 the MapInfo host, 0 the MapX host; fixed for a session.
@@ -28,8 +30,48 @@ struct SessionState {
     Flag gRestart = kFalse;
     std::string gComputerName;
 
-    // The map object: the MapX map of the caller, or the Mapper facade.
+    // MapInfo's automation object, the companion program and its globals, and the call-back
+    // object handed to MapInfo. gMBGlobals is the companion whose globals are read.
+    std::shared_ptr<hostmodel::MapInfoApp> gMapInfo;
+    hostmodel::MBApplication* gMBApp = nullptr;
+    hostmodel::MBApplication* gMBGlobals = nullptr;
+    std::shared_ptr<MICallback> gCallback;
+
+    // The host objects: the caller's MapX objects, or the one instance of each facade.
     std::shared_ptr<hostmodel::IMap> gMap;
+    std::shared_ptr<hostmodel::ILayer> gLyr;
+    std::shared_ptr<hostmodel::ILayer> gViewLyr;
+    std::shared_ptr<hostmodel::IStyle> gStyle;
+    std::shared_ptr<hostmodel::ILabelProps> gLabelProps;
+    std::shared_ptr<hostmodel::ILabelProps> gViewLabelProps;
+    std::shared_ptr<platform::AutomationObject> gLabelStyle;
+
+    // MapInfo window ids: the user's map, the view map (the user's own in IMMEDIATE mode), and
+    // the clone that is made but not worked on in IMMEDIATE mode.
+    std::int32_t gMapWin = 0;
+    std::int32_t gViewWin = 0;
+    std::int32_t gSpareWin = 0;
+    std::int32_t gMIHwnd = 0;
+
+    // How the two maps relate: the user's centre, both window widths, the view's zoom, and the
+    // zoom that gives the view the user's scale.
+    float gCenterX = 0;
+    float gCenterY = 0;
+    float gMapWidth = 0;
+    float gViewWidth = 0;
+    float gViewZoom = 0;
+    float gScaleZoom = 0;
+    // Where the user's map window stood when the session began.
+    float gMapLeft = 0;
+    float gMapTop = 0;
+    float gMapHeightSaved = 0;
+    float gMapWidthSaved = 0;
+    // MapInfo reported a change of the user's map in IMMEDIATE mode.
+    Flag gMapChanged = kFalse;
+
+    // The form's size at load.
+    std::int32_t gFormWidthSaved = 0;
+    std::int32_t gFormHeightSaved = 0;
 };
 
 } // namespace vellant::session

@@ -8,6 +8,7 @@ namespace vellant::grid {
 class UnitOnlyMap : public hostmodel::IMap {
 public:
     explicit UnitOnlyMap(Variant unit) : unit_(std::move(unit)) {}
+    float zoom() override { return 0; }
     Variant mapunit() override { return unit_; }
 
 private:

@@ -1,9 +1,9 @@
 #include "program_session.h"
 
+#include "app/sample_tables/sample_tables.h"
 #include "base/basic_text.h"
 #include "base/runtime_error.h"
 #include "engine/host/host_services.h"
-#include "engine/support/test_tables.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ public:
 const std::filesystem::path& ProgramSession::tableFolder() {
     static const std::filesystem::path folder = [] {
         const std::filesystem::path made = freshFolder("vellant-program-tables");
-        writeTestTables(made.string());
+        samples::writeSampleTables(made.string());
         return made;
     }();
     return folder;

@@ -2,10 +2,10 @@
 // for every window and layer, also from a copy of the folder elsewhere. What a workspace cannot
 // hold is named, and the rest still opens.
 
+#include "app/sample_tables/sample_tables.h"
 #include "engine/engine.h"
 #include "engine/host/host_services.h"
 #include "engine/mb_error.h"
-#include "engine/support/test_tables.h"
 #include "engine/workspace/workspace_loader.h"
 #include "engine/workspace/workspace_writer.h"
 
@@ -25,7 +25,7 @@ protected:
             (std::filesystem::temp_directory_path() / "vellant-wor-XXXXXX").string();
         if (mkdtemp(templ.data()) == nullptr) std::abort();
         folder = templ;
-        testing::writeTestTables((folder / "data").string());
+        samples::writeSampleTables((folder / "data").string());
     }
     ~WorkspaceRoundTrip() override { std::filesystem::remove_all(folder); }
 

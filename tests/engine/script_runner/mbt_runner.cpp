@@ -11,9 +11,9 @@
 //   @tables                writes the standard GDAL test tables into $TMP
 // "$TMP" anywhere in a line is replaced by a fresh temporary folder, removed at the end.
 
+#include "app/sample_tables/sample_tables.h"
 #include "engine/engine.h"
 #include "engine/mb_error.h"
-#include "engine/support/test_tables.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -101,7 +101,7 @@ private:
 
     bool step(const Line& line) {
         if (line.text == "@tables") {
-            vellant::engine::testing::writeTestTables(tmp_);
+            vellant::samples::writeSampleTables(tmp_);
             return true;
         }
         if (startsWith(line.text, "->") || startsWith(line.text, "!>")) {

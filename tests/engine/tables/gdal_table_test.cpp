@@ -50,7 +50,7 @@ protected:
 std::unique_ptr<TableFolder> GdalTableTest::folder_;
 
 TEST_F(GdalTableTest, CountsExtentsAndCoordSysAgreeWithGdal) {
-    for (const TestTable& expected : vectorTestTables()) {
+    for (const samples::SampleTable& expected : samples::vectorSampleTables()) {
         SCOPED_TRACE(expected.file);
         const auto table = GdalTable::open(file(expected.file), expected.name);
         const GdalFacts gdal = askGdal(file(expected.file));
@@ -72,7 +72,7 @@ TEST_F(GdalTableTest, CountsExtentsAndCoordSysAgreeWithGdal) {
 }
 
 TEST_F(GdalTableTest, TheFirstObjectHasTheKindItWasWrittenAs) {
-    for (const TestTable& expected : vectorTestTables()) {
+    for (const samples::SampleTable& expected : samples::vectorSampleTables()) {
         if (expected.rows == 0) continue;
         SCOPED_TRACE(expected.file);
         const auto table = GdalTable::open(file(expected.file), expected.name);
@@ -163,7 +163,7 @@ TEST_F(GdalTableTest, TabFilesGiveTheCoordSysBoundsOfTheirMapHeader) {
 }
 
 TEST_F(GdalTableTest, TheRasterTableHasItsImageCornersAsBounds) {
-    const TestTable& expected = rasterTestTable();
+    const samples::SampleTable& expected = samples::rasterSampleTable();
     ASSERT_TRUE(RasterTable::isRasterTab(file(expected.file)));
     EXPECT_FALSE(RasterTable::isRasterTab(file("regions.tab")));
     const auto table = openTableFile(file(expected.file), "");

@@ -1,9 +1,9 @@
 #pragma once
 // A folder of GDAL-made test tables for one test suite, and an engine to open them in.
 
+#include "app/sample_tables/sample_tables.h"
 #include "engine/engine.h"
 #include "engine/mb_error.h"
-#include "engine/support/test_tables.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ public:
         folder_ = std::filesystem::temp_directory_path() /
                   ("vellant_tables_" + suite + "_" + std::to_string(::getpid()));
         std::filesystem::remove_all(folder_);
-        writeTestTables(folder_.string());
+        samples::writeSampleTables(folder_.string());
     }
     ~TableFolder() {
         std::error_code ignored;

@@ -2,9 +2,9 @@
 // An engine with the GDAL test tables open, and short ways to run statements and read eval
 // text, for the window tests.
 
+#include "app/sample_tables/sample_tables.h"
 #include "engine/engine.h"
 #include "engine/mb_error.h"
-#include "engine/support/test_tables.h"
 #include "engine/windows/window_manager.h"
 
 #include <filesystem>
@@ -22,7 +22,7 @@ protected:
         folder() = (std::filesystem::temp_directory_path() /
                     ("vellant_window_tables_" + std::to_string(::getpid())))
                        .string();
-        writeTestTables(folder());
+        samples::writeSampleTables(folder());
     }
     static void TearDownTestSuite() { std::filesystem::remove_all(folder()); }
 

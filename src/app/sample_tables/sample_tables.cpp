@@ -1,4 +1,4 @@
-#include "engine/support/test_tables.h"
+#include "app/sample_tables/sample_tables.h"
 
 #include <cpl_conv.h>
 #include <filesystem>
@@ -9,10 +9,10 @@
 #include <ogrsf_frmts.h>
 #include <stdexcept>
 
-namespace vellant::engine::testing {
+namespace vellant::samples {
 namespace {
 
-using Ring = std::vector<MapPoint>;
+using engine::ObjectKind;
 
 // One row to write: geometry in WKT, its OGR style string and its attribute values.
 struct Row {
@@ -23,7 +23,7 @@ struct Row {
 };
 
 struct TablePlan {
-    TestTable facts;
+    SampleTable facts;
     int epsg = 0;
     bool asMif = false;
     std::vector<Row> rows;
@@ -139,7 +139,7 @@ void writeVector(const std::filesystem::path& dir, const TablePlan& plan) {
 // GDAL's MapInfo support for rasters is read-only (it reads a .tab beside an image for its
 // georeferencing), so the raster TAB header is written here as MapInfo writes it: the image
 // file, three control points (world, then pixel) and the coordinate system.
-void writeRaster(const std::filesystem::path& dir, const TestTable& facts) {
+void writeRaster(const std::filesystem::path& dir, const SampleTable& facts) {
     GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GTiff");
     if (driver == nullptr) throw std::runtime_error("GDAL has no GTiff driver");
     const std::filesystem::path image = dir / "raster.tif";
@@ -168,9 +168,9 @@ void writeRaster(const std::filesystem::path& dir, const TestTable& facts) {
 
 } // namespace
 
-const std::vector<TestTable>& vectorTestTables() {
-    static const std::vector<TestTable> tables = [] {
-        std::vector<TestTable> facts;
+const std::vector<SampleTable>& vectorSampleTables() {
+    static const std::vector<SampleTable> tables = [] {
+        std::vector<SampleTable> facts;
         for (const TablePlan& plan : plans())
             facts.push_back(plan.facts);
         return facts;
@@ -178,26 +178,26 @@ const std::vector<TestTable>& vectorTestTables() {
     return tables;
 }
 
-const TestTable& rasterTestTable() {
-    static const TestTable raster{"raster.tab",
-                                  "raster",
-                                  0,
-                                  ObjectKind::Point,
-                                  10,
-                                  48,
-                                  14,
-                                  50,
-                                  "CoordSys Earth Projection 1, 104"};
+const SampleTable& rasterSampleTable() {
+    static const SampleTable raster{"raster.tab",
+                                    "raster",
+                                    0,
+                                    ObjectKind::Point,
+                                    10,
+                                    48,
+                                    14,
+                                    50,
+                                    "CoordSys Earth Projection 1, 104"};
     return raster;
 }
 
-void writeTestTables(const std::string& dir) {
+void writeSampleTables(const std::string& dir) {
     GDALAllRegister();
     const std::filesystem::path folder(dir);
     std::filesystem::create_directories(folder);
     for (const TablePlan& plan : plans())
         writeVector(folder, plan);
-    writeRaster(folder, rasterTestTable());
+    writeRaster(folder, rasterSampleTable());
 }
 
-} // namespace vellant::engine::testing
+} // namespace vellant::samples

@@ -1,0 +1,143 @@
+// Loading the layer grid against the embedded host, on maps of 10, 100 and 1000 layers: the
+// session is set up as its form's load leaves it (facades made, view clone, catalogue and
+// header done), and each iteration is one load_grid. The time is per load; "time_per_layer" is
+// that time over the layers (in seconds), and "calls_per_layer" the host calls (Do, eval, menu
+// commands) one load makes per layer, counted by a recording host object on a load of its own.
+
+#include "app/replay/recording_host.h"
+#include "app/replay/transcript.h"
+#include "engine/engine.h"
+#include "engine/host/mapinfo_automation.h"
+#include "grid/column_catalogue.h"
+#include "grid/header_cells.h"
+#include "grid/load_grid.h"
+#include "hostmodel/facade_classes.h"
+#include "platform/scripted_toolkit.h"
+#include "prefs/settings.h"
+#include "session/layer_form.h"
+#include "session/session.h"
+
+#include <benchmark/benchmark.h>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using namespace vellant;
+
+constexpr int kRowsPerTable = 3;
+
+// A host with one map window of n layers, each an in-memory table of a few points, and a clone
+// of it as the view map.
+struct LayeredHost {
+    explicit LayeredHost(int layers) {
+        app->Do("Dim o As Object");
+        std::string mapFrom = "Map From ";
+        for (int t = 1; t <= layers; ++t) {
+            const std::string table = "t" + std::to_string(t);
+            app->Do("Create Table " + table + " (Name Char(10))");
+            app->Do("Create Map For " + table + " CoordSys Earth Projection 1, 104");
+            for (int row = 1; row <= kRowsPerTable; ++row) {
+                app->Do("Create Point Into Variable o (" + std::to_string(t % 90) + "," +
+                        std::to_string(row) + ")");
+                app->Do("Insert Into " + table + " (Name, Obj) Values (\"p" + std::to_string(row) +
+                        "\", o)");
+            }
+            mapFrom += (t > 1 ? "," : "") + table;
+        }
+        app->Do(mapFrom);
+        mapWin = std::stoi(app->eval("FrontWindow()"));
+        app->RunMenuCommand(811);
+        viewWin = std::stoi(app->eval("WindowID(0)"));
+    }
+
+    std::shared_ptr<engine::Engine> engine = std::make_shared<engine::Engine>();
+    std::shared_ptr<engine::MapInfoAutomation> app =
+        std::make_shared<engine::MapInfoAutomation>(engine);
+    int mapWin = 0;
+    int viewWin = 0;
+};
+
+// A session as the floating form's load leaves it just before load_grid.
+struct LoadedSession {
+    LoadedSession(LayeredHost& host, int layers)
+        : appDir(std::filesystem::temp_directory_path() /
+                 ("vellant-session-bench-" + std::to_string(layers))),
+          form(toolkit) {
+        std::filesystem::create_directories(appDir);
+        s = std::make_unique<session::Session>(toolkit, appDir.string(), &registry);
+        hostmodel::registerFacadeClasses(registry, *s);
+        s->gIsMapInfo = kTrue;
+        s->gLayerForm = &form;
+        prefs::getotherprefs(*s);
+        s->gMapInfo = host.app;
+        s->gMapWin = host.mapWin;
+        s->gViewWin = host.viewWin;
+        s->gLayerCount = static_cast<std::int16_t>(layers);
+        s->gMap = platform::AutomationRegistry::as<hostmodel::IMap>(
+            registry.CreateObject("Vellant.Mapper"));
+        s->gLyr = platform::AutomationRegistry::as<hostmodel::ILayer>(
+            registry.CreateObject("Vellant.MIProps"));
+        s->gStyle = platform::AutomationRegistry::as<hostmodel::IStyle>(
+            registry.CreateObject("Vellant.MIPropsStyle"));
+        s->gLabelProps = platform::AutomationRegistry::as<hostmodel::ILabelProps>(
+            registry.CreateObject("Vellant.MIPropsLabelProps"));
+        s->gLabelStyle = registry.CreateObject("Vellant.MIPropsLabelStyle");
+        s->gColCount = 38;
+        form.LyrGrid.setCols(s->gColCount);
+        grid::setcolatts(*s);
+        grid::labelgrid(*s);
+    }
+    ~LoadedSession() {
+        prefs::closelog(*s);
+        s.reset();
+        std::error_code ignored;
+        std::filesystem::remove_all(appDir, ignored);
+    }
+
+    void load() {
+        bool rebuild = true;
+        grid::load_grid(*s, rebuild);
+    }
+
+    std::filesystem::path appDir;
+    platform::ScriptedToolkit toolkit;
+    platform::AutomationRegistry registry;
+    session::vlLayerControl form;
+    std::unique_ptr<session::Session> s;
+};
+
+// Building a map of 1000 layers takes a while; each size is built once for the whole run.
+LayeredHost& hostOf(int layers) {
+    static std::map<int, std::unique_ptr<LayeredHost>> hosts;
+    auto& host = hosts[layers];
+    if (!host) host = std::make_unique<LayeredHost>(layers);
+    return *host;
+}
+
+void BM_load_grid(benchmark::State& state) {
+    const int layers = static_cast<int>(state.range(0));
+    LayeredHost& host = hostOf(layers);
+    LoadedSession loaded(host, layers);
+    for (auto _ : state)
+        loaded.load();
+
+    // One more load through a recording host object, to count what a load asks of the host.
+    std::ostringstream ignored;
+    replay::Transcript transcript(ignored);
+    loaded.s->gMapInfo = std::make_shared<replay::RecordingHost>(host.app, transcript);
+    loaded.load();
+    const double calls = static_cast<double>(transcript.count("do") + transcript.count("eval") +
+                                             transcript.count("menu"));
+    state.counters["calls_per_layer"] = calls / layers;
+    state.counters["errors"] = static_cast<double>(transcript.count("error"));
+    // An inverted rate is seconds per (iteration x value): the time of one layer's row.
+    state.counters["time_per_layer"] = benchmark::Counter(
+        layers, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(BM_load_grid)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+
+} // namespace

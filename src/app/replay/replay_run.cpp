@@ -1,0 +1,101 @@
+#include "app/replay/replay_run.h"
+
+#include "base/runtime_error.h"
+#include "engine/workspace/workspace_loader.h"
+#include "engine/workspace/workspace_writer.h"
+#include "platform/form.h"
+#include "session/session.h"
+
+#include <utility>
+
+namespace vellant::replay {
+
+ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out)
+    : folder_(std::filesystem::absolute(workspace).parent_path()), transcript_(out),
+      engine_(std::make_shared<engine::Engine>()),
+      host_(std::make_shared<engine::MapInfoAutomation>(engine_)) {
+    engine::loadWorkspace(*engine_, workspace);
+    // The companion is running before the tool is called: it is what calls it.
+    engine_->run("Run Application \"vellant.mbx\"");
+
+    host_->registerRunning(registry_);
+    recorder_ = std::make_shared<RecordingHost>(host_, transcript_);
+    registry_.registerRunning(engine::MapInfoAutomation::kClassName, recorder_);
+
+    toolkit_.onMessage = [this](const platform::ScriptedToolkit::Message& message) {
+        transcript_.write("msgbox", message.prompt);
+    };
+    layer_ = std::make_unique<session::vlLayer>(toolkit_, registry_, std::move(appDir));
+    layer_->onSessionStart = [this](session::Session& s) {
+        s.onLogLine = [this](const std::string& line) { transcript_.write("log", line); };
+    };
+}
+
+ReplayRun::~ReplayRun() {
+    layer_.reset();
+    host_->close();
+}
+
+void ReplayRun::refuse(const ScriptLine& line, const std::string& why) {
+    transcript_.write("error", "script line " + std::to_string(line.number) + ": " + why);
+}
+
+void ReplayRun::runLine(const ScriptLine& line) {
+    transcript_.write(">", line.text());
+    try {
+        line.verb->run(*this, line);
+    } catch (const RuntimeError& e) {
+        // On the desktop a run-time error that leaves an event handler ends the program.
+        transcript_.write("unhandled", std::to_string(e.number()) + " " + e.description());
+    }
+}
+
+void ReplayRun::scheduleNext() {
+    toolkit_.addStep([this] { takeStep(); });
+}
+
+void ReplayRun::takeStep() {
+    if (next_ >= script_.size()) {
+        scriptEnded();
+        return;
+    }
+    const ScriptLine& line = script_[next_++];
+    // Queued before the line runs, so that a modal form the line opens finds its first step.
+    scheduleNext();
+    runLine(line);
+}
+
+void ReplayRun::scriptEnded() {
+    platform::Form* form = toolkit_.modalForm();
+    if (!form) return;
+    transcript_.write("hide", form->Name());
+    form->Hide();
+    // An outer modal form, or the next session of a restart, is closed the same way.
+    scheduleNext();
+}
+
+std::string ReplayRun::run(std::vector<ScriptLine> script) {
+    script_ = std::move(script);
+    next_ = 0;
+    while (next_ < script_.size() && script_[next_].verb->aheadOfSession)
+        runLine(script_[next_++]);
+    scheduleNext();
+
+    const std::string result = layer_->RunMapInfoLayer();
+    transcript_.write("result", result);
+    while (next_ < script_.size())
+        runLine(script_[next_++]);
+    writeState();
+    transcript_.flush();
+    return result;
+}
+
+void ReplayRun::writeState() {
+    const engine::SavedWorkspace state = engine::workspaceFor(*engine_, folder_);
+    transcript_.write("state");
+    transcript_.writeBlock(state.text);
+    for (const std::string& leftOut : state.leftOut)
+        transcript_.write("!", "left out: " + leftOut);
+}
+
+} // namespace vellant::replay

@@ -1,0 +1,70 @@
+#pragma once
+// One replay: a workspace opened in the embedded host, the companion started, the program
+// attached through a recording host object, and a script run as the user inside the session's
+// modal show. Everything lands in the transcript in the order it happens; the verbs of the
+// script (replay_verbs.h) act through the members below.
+
+#include "app/replay/recording_host.h"
+#include "app/replay/script.h"
+#include "app/replay/transcript.h"
+#include "engine/engine.h"
+#include "engine/host/mapinfo_automation.h"
+#include "platform/automation.h"
+#include "platform/scripted_toolkit.h"
+#include "session/vl_layer.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace vellant::replay {
+
+class ReplayRun {
+public:
+    // Opens the workspace; its errors (engine::MbError: 825 for a file that cannot be read, a
+    // failing statement's own) pass to the caller before anything is written. appDir is the
+    // program's application directory and must exist.
+    ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out);
+    ~ReplayRun();
+    ReplayRun(const ReplayRun&) = delete;
+    ReplayRun& operator=(const ReplayRun&) = delete;
+
+    // Runs the script through one call of RunMapInfoLayer and answers its result. The
+    // transcript ends with "result <answer>" and the host's state. Lines the session did not
+    // live to see run after the call, in their order.
+    std::string run(std::vector<ScriptLine> script);
+
+    // ---- for the verbs ----
+    Transcript& transcript() { return transcript_; }
+    platform::ScriptedToolkit& toolkit() { return toolkit_; }
+    engine::Engine& engine() { return *engine_; }
+    session::vlLayer& layer() { return *layer_; }
+    // A line of the script that could not be done: "error script line <n>: <why>". The script
+    // goes on with its next line.
+    void refuse(const ScriptLine& line, const std::string& why);
+
+private:
+    void runLine(const ScriptLine& line);
+    // Queues the user's next step: it runs inside whichever modal show is innermost then.
+    void scheduleNext();
+    void takeStep();
+    // The script has run out while a form is still shown: nobody else will close it.
+    void scriptEnded();
+    void writeState();
+
+    std::filesystem::path folder_; // the workspace's folder: the final state names files by it
+    Transcript transcript_;
+    std::shared_ptr<engine::Engine> engine_;
+    std::shared_ptr<engine::MapInfoAutomation> host_;
+    platform::AutomationRegistry registry_;
+    platform::ScriptedToolkit toolkit_;
+    std::shared_ptr<RecordingHost> recorder_;
+    std::unique_ptr<session::vlLayer> layer_;
+    std::vector<ScriptLine> script_;
+    std::size_t next_ = 0; // the first line not yet run
+};
+
+} // namespace vellant::replay

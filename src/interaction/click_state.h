@@ -1,0 +1,36 @@
+#pragma once
+// Module-wide state of the grid's click handling, selection and layer groups. Session inherits
+// it.
+
+#include "base/fixed_array.h"
+#include "base/int16.h"
+
+#include <cstdint>
+#include <string>
+
+namespace vellant::interaction {
+
+struct ClickState {
+    // The row a click is being dispatched for (0 when none), and the row a toggle walk is on.
+    std::int32_t gClickRow = 0;
+    std::int32_t gToggleRow = 0;
+    // The row and column of the cell at hand.
+    std::int32_t gRow = 0;
+    std::int32_t gCol = 0;
+    Flag gGroupClick = kFalse;
+    // The only channel between a key press, the cell editor and the click.
+    std::string gCellText;
+    Flag gInClick = kFalse;
+    // The rows of the selection a toggle cycle runs over.
+    std::int32_t gSelFirst = 0;
+    std::int32_t gSelLast = 0;
+    // Where the mouse went down in the grid, in twips.
+    float gMouseX = 0;
+    float gMouseY = 0;
+
+    // Layer groups: the group name of each layer, and whether its row is shown.
+    LayerArray<std::string> gLayerGroup;
+    LayerArray<Flag> gRowExpanded;
+};
+
+} // namespace vellant::interaction
