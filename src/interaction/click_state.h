@@ -28,6 +28,11 @@ struct ClickState {
     float gMouseX = 0;
     float gMouseY = 0;
 
+    // The self test runs: the pickers and editors take their canned choices.
+    Flag gSelfTest = kFalse;
+    // The position code handed to the orientation picker, and the code chosen there.
+    std::int16_t gLabelOrientPos = 0;
+
     // Layer groups: the group name of each layer, and whether its row is shown.
     LayerArray<std::string> gLayerGroup;
     LayerArray<Flag> gRowExpanded;

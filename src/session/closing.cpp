@@ -7,6 +7,7 @@
 #include "base/basic_text.h"
 #include "base/error_trap.h"
 #include "hostmodel/host_predicates.h"
+#include "interaction/label_orientation.h"
 #include "prefs/settings.h"
 #include "session/attach.h"
 #include "session/session.h"
@@ -151,8 +152,11 @@ void shutdown(Session& s) {
     }
     s.releaseHostObjects();
     prefs::closelog(s);
-    // The cell editor, the information form, the orientation picker and the feedback form are
-    // unloaded here, once they exist.
+    // The cell editor, the information form and the feedback form are unloaded here too, once
+    // they exist. A picker that was never made has nothing to unload.
+    next([&] {
+        if (s.gLabelOrient) s.gLabelOrient->Unload();
+    });
     next([&] { s.layerForm().Hide(); });
 }
 

@@ -9,6 +9,10 @@
 #include <memory>
 #include <string>
 
+namespace vellant::interaction {
+class Label_Orientation;
+}
+
 namespace vellant::session {
 
 class LayerForm;
@@ -23,6 +27,8 @@ struct SessionState {
     LayerForm* gLayerForm = nullptr;
     std::unique_ptr<vlLayerControl> gFloatingForm;
     std::unique_ptr<vlLayerDocked> gDockedForm;
+    // The label orientation picker: one instance, hidden after use and kept until shutdown.
+    std::unique_ptr<interaction::Label_Orientation> gLabelOrient;
     Flag gFormReady = kFalse;
     Flag gAccepted = kFalse;
     Flag gShuttingDown = kFalse;
