@@ -45,6 +45,15 @@ std::optional<double> parseMbNumber(std::string_view text) {
     return negative ? -value : value;
 }
 
+std::string quotedMbString(const std::string& text) {
+    std::string out = "\"";
+    for (char c : text) {
+        if (c == '"') out += '"';
+        out += c;
+    }
+    return out + "\"";
+}
+
 std::string formatMbFloat(double value) {
     if (std::isnan(value)) return "NaN";
     if (std::isinf(value)) return value > 0 ? "Infinity" : "-Infinity";

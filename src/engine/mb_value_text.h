@@ -19,6 +19,9 @@ std::optional<double> parseMbNumber(std::string_view text);
 // below 1E+21 ("0.1", "1234567.5", "-3"); beyond that "1.5E+25" and "2E-12".
 std::string formatMbFloat(double value);
 
+// A MapBasic string literal: the text in double quotes, each quote inside doubled.
+std::string quotedMbString(const std::string& text);
+
 // The MapBasic name of a value type ("Float", "Pen"), also the keyword of a style clause.
 const char* mbTypeName(MbType type);
 

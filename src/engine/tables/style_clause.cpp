@@ -100,15 +100,6 @@ std::optional<int> wholeNumber(const ClauseValue& value) {
     return static_cast<int>(number);
 }
 
-std::string quoted(const std::string& text) {
-    std::string out = "\"";
-    for (char c : text) {
-        if (c == '"') out += '"';
-        out += c;
-    }
-    return out + "\"";
-}
-
 std::string joined(const std::vector<std::string>& parts) {
     std::string out;
     for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -241,12 +232,12 @@ std::string formatSymbol(const SymbolStyle& symbol) {
     std::vector<std::string> parts;
     switch (symbol.kind) {
     case SymbolKind::Bitmap:
-        parts = {quoted(symbol.fileName), std::to_string(symbol.color), std::to_string(symbol.size),
-                 std::to_string(symbol.customStyle)};
+        parts = {quotedMbString(symbol.fileName), std::to_string(symbol.color),
+                 std::to_string(symbol.size), std::to_string(symbol.customStyle)};
         break;
     case SymbolKind::TrueType:
         parts = {std::to_string(symbol.shape),     std::to_string(symbol.color),
-                 std::to_string(symbol.size),      quoted(symbol.fontName),
+                 std::to_string(symbol.size),      quotedMbString(symbol.fontName),
                  std::to_string(symbol.fontStyle), formatMbFloat(symbol.rotation)};
         break;
     case SymbolKind::Vector:
@@ -258,7 +249,7 @@ std::string formatSymbol(const SymbolStyle& symbol) {
 }
 
 std::string formatFont(const FontStyle& font) {
-    std::vector<std::string> parts{quoted(font.name), std::to_string(font.style),
+    std::vector<std::string> parts{quotedMbString(font.name), std::to_string(font.style),
                                    formatMbFloat(font.size), std::to_string(font.foreColor)};
     if (font.backColor) parts.push_back(std::to_string(*font.backColor));
     return "Font (" + joined(parts) + ")";

@@ -1,6 +1,7 @@
 #include "engine/windows/window_workspace.h"
 
 #include "engine/engine.h"
+#include "engine/mb_value_text.h"
 #include "engine/windows/label_position.h"
 #include "engine/windows/units.h"
 #include "engine/windows/window_manager.h"
@@ -13,15 +14,6 @@ namespace {
 // Every digit the value needs, so that what is written reads back to the same number.
 std::string num(double value) {
     return workspaceNumber(value);
-}
-
-std::string quoted(const std::string& text) {
-    std::string out = "\"";
-    for (char c : text) {
-        if (c == '"') out += '"';
-        out += c;
-    }
-    return out + "\"";
 }
 
 std::string onOff(bool on) {
@@ -40,7 +32,8 @@ std::string placement(const Window& window) {
 
 std::string range(double minMetres, double maxMetres, const std::string& units) {
     const double unit = distanceUnitMetres(units);
-    return "(" + num(minMetres / unit) + ", " + num(maxMetres / unit) + ") Units " + quoted(units);
+    return "(" + num(minMetres / unit) + ", " + num(maxMetres / unit) + ") Units " +
+           quotedMbString(units);
 }
 
 const char* displayWord(LayerDisplay display) {
@@ -65,7 +58,7 @@ std::string labelEdit(std::int64_t row, const LabelEdit& edit) {
     std::string text = "      Object " + std::to_string(row);
     if (edit.visible) text += " Visibility " + onOff(*edit.visible);
     if (edit.anchor) text += " Anchor (" + num(edit.anchor->x) + ", " + num(edit.anchor->y) + ")";
-    if (edit.text) text += " Text " + quoted(*edit.text);
+    if (edit.text) text += " Text " + quotedMbString(*edit.text);
     if (edit.position) text += " Position " + labelPositionWords(*edit.position);
     if (edit.offset) text += " Offset " + std::to_string(*edit.offset);
     if (edit.angle) text += " Angle " + num(*edit.angle);
@@ -142,10 +135,10 @@ std::string viewClauses(Engine& engine, const MapState& map) {
                                                                         : "Position";
     return "Set Map\n  " + map.coordSys.clause(true) + "\n  Center (" + num(x) + "," + num(y) +
            ")\n  Zoom " + num(map.zoomMetres / distanceUnitMetres(map.distanceUnits)) + " Units " +
-           quoted(map.distanceUnits) + "\n  Preserve " + preserve + " Display " + display +
-           "\n  Distance Units " + quoted(map.distanceUnits) + " Area Units " +
-           quoted(map.areaUnits) + " XY Units " + quoted(map.xyUnitName()) + "\n  Distance Type " +
-           (map.cartesianDistance ? "Cartesian" : "Spherical") + "\n";
+           quotedMbString(map.distanceUnits) + "\n  Preserve " + preserve + " Display " + display +
+           "\n  Distance Units " + quotedMbString(map.distanceUnits) + " Area Units " +
+           quotedMbString(map.areaUnits) + " XY Units " + quotedMbString(map.xyUnitName()) +
+           "\n  Distance Type " + (map.cartesianDistance ? "Cartesian" : "Spherical") + "\n";
 }
 
 std::string windowClauses(const Window& window) {
@@ -159,14 +152,14 @@ std::string windowClauses(const Window& window) {
                        "\n";
     const PrinterSettings& p = s.printer;
     text += "Set Window FrontWindow() Printer\n ";
-    if (!p.name.empty()) text += " Name " + quoted(p.name);
+    if (!p.name.empty()) text += " Name " + quotedMbString(p.name);
     text += std::string(" Orientation ") + (p.orientation == 2 ? "Landscape" : "Portrait") +
             " Copies " + std::to_string(p.copies) + "\n  Papersize " + std::to_string(p.paperSize) +
             " Border " + onOff(p.border) + " TrueColor " + onOff(p.trueColor) + "\n  Left Margin " +
             inches(p.leftMargin) + " Right Margin " + inches(p.rightMargin) + "\n  Top Margin " +
             inches(p.topMargin) + " Bottom Margin " + inches(p.bottomMargin) + "\n";
     if (window.hasCustomTitle())
-        text += "Set Window FrontWindow() Title " + quoted(window.title()) + "\n";
+        text += "Set Window FrontWindow() Title " + quotedMbString(window.title()) + "\n";
     if (window.state == WindowState::Maximized) text += "Set Window FrontWindow() Max\n";
     if (window.state == WindowState::Minimized) text += "Set Window FrontWindow() Min\n";
     return text;

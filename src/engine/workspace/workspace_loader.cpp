@@ -3,6 +3,7 @@
 #include "engine/engine.h"
 #include "engine/lang/lexer.h"
 #include "engine/mb_error.h"
+#include "engine/mb_value_text.h"
 
 #include <fstream>
 #include <iterator>
@@ -20,16 +21,6 @@ bool isForeignAbsolute(std::string_view written) {
     const bool drive = written.size() >= 2 && isLetter(written[0]) && written[1] == ':';
     const bool network = written.starts_with("\\\\");
     return drive || network;
-}
-
-std::string quoted(const std::string& text) {
-    std::string out = "\"";
-    for (char c : text) {
-        out += c;
-        if (c == '"') out += '"';
-    }
-    out += '"';
-    return out;
 }
 
 std::filesystem::path fileInFolder(std::string_view written, const std::filesystem::path& folder) {
@@ -58,8 +49,8 @@ std::string withTableFileInFolder(std::string_view statement, const std::filesys
         tokens[2].kind != Token::Kind::String || tokens[2].text.empty())
         return std::string(statement);
     const std::filesystem::path file = fileInFolder(tokens[2].text, folder);
-    return std::string(statement.substr(0, tokens[2].position)) + quoted(file.string()) + " " +
-           std::string(statement.substr(tokens[3].position));
+    return std::string(statement.substr(0, tokens[2].position)) + quotedMbString(file.string()) +
+           " " + std::string(statement.substr(tokens[3].position));
 }
 
 void loadWorkspaceText(Engine& engine, std::string_view text, const std::filesystem::path& folder,
