@@ -3,6 +3,10 @@
 // header done), and each iteration is one load_grid. The time is per load; "time_per_layer" is
 // that time over the layers (in seconds), and "calls_per_layer" the host calls (Do, eval, menu
 // commands) one load makes per layer, counted by a recording host object on a load of its own.
+//
+// One toggle click on the column "visible" over a row set of every layer of the map: the walk
+// reads and writes each layer through the facades and repaints the cells that depend on its
+// visibility. The time is per click; "calls_per_row" counts the host calls of one click per row.
 
 #include "app/replay/recording_host.h"
 #include "app/replay/transcript.h"
@@ -10,8 +14,11 @@
 #include "engine/host/mapinfo_automation.h"
 #include "grid/column_catalogue.h"
 #include "grid/header_cells.h"
+#include "grid/layer_rows.h"
 #include "grid/load_grid.h"
 #include "hostmodel/facade_classes.h"
+#include "interaction/grid_click.h"
+#include "interaction/toggle_cycle.h"
 #include "platform/scripted_toolkit.h"
 #include "prefs/settings.h"
 #include "session/layer_form.h"
@@ -139,5 +146,53 @@ void BM_load_grid(benchmark::State& state) {
         layers, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_load_grid)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+
+// The rows of all layers selected, and the mouse down in the cell "visible" of the first.
+struct ToggleClick {
+    explicit ToggleClick(LoadedSession& loaded) : s(*loaded.s), grid(loaded.form.LyrGrid) {
+        grid.setRow(row(1));
+        grid.setCol(1);
+        grid.setRowSel(row(s.gLayerCount));
+        grid.setColSel(grid.Cols() - 1);
+        interaction::startToggleCycle(s);
+        s.gMouseX = static_cast<float>(grid.ColPos(visible) + 10);
+        s.gMouseY = static_cast<float>(grid.RowPos(row(1)) + 10);
+    }
+    int row(int layer) const { return grid::LayerToRow(s, static_cast<std::uint16_t>(layer)); }
+
+    void click() {
+        grid.setRow(row(1));
+        grid.setCol(visible);
+        interaction::Layergridclick(s);
+    }
+
+    session::Session& s;
+    platform::FlexGrid& grid;
+    const int visible = grid::getcolnum(s, "visible");
+};
+
+void BM_toggle_click(benchmark::State& state) {
+    const int layers = static_cast<int>(state.range(0));
+    LayeredHost& host = hostOf(layers);
+    LoadedSession loaded(host, layers);
+    loaded.load();
+    ToggleClick toggle(loaded);
+    for (auto _ : state)
+        toggle.click();
+
+    std::ostringstream ignored;
+    replay::Transcript transcript(ignored);
+    loaded.s->gMapInfo = std::make_shared<replay::RecordingHost>(host.app, transcript);
+    toggle.click();
+    const double calls = static_cast<double>(transcript.count("do") + transcript.count("eval") +
+                                             transcript.count("menu"));
+    state.counters["calls_per_row"] = calls / layers;
+    state.counters["errors"] = static_cast<double>(transcript.count("error"));
+    // The fourth step gives every layer its own setting back: the host is left as it was found
+    // for the benchmarks that share it.
+    while (loaded.s->gToggleStep != 0)
+        toggle.click();
+}
+BENCHMARK(BM_toggle_click)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -33,9 +33,26 @@ struct ClickState {
     // The position code handed to the orientation picker, and the code chosen there.
     std::int16_t gLabelOrientPos = 0;
 
-    // Layer groups: the group name of each layer, and whether its row is shown.
+    // Layer groups: the group name of each layer, and whether its group is expanded (kTrue) or
+    // collapsed onto its master row (kFalse).
     LayerArray<std::string> gLayerGroup;
     LayerArray<Flag> gRowExpanded;
+
+    // The toggle cycle over a row set: the step the next click applies (0..3), the settings
+    // saved at step 0 (the model row's and every row's), and the model row itself (gToggleRow).
+    std::int16_t gToggleStep = 0;
+    Flag gToggleClicked = kFalse;
+    LayerArray<Flag> gToggleOrig;
+    // The click puts the row selection back; the selection handlers stand back meanwhile.
+    Flag gSelBusy = kFalse;
+
+    // The layer a press in the column "order" started dragging; 0 for none.
+    std::int16_t gDragLayer = 0;
+    // Tool-tips follow the mouse (menu item show_tooltips), the mouse-move guard, and the column
+    // whose tip was set last.
+    Flag gShowTips = kFalse;
+    Flag gInMouseMove = kFalse;
+    std::int32_t gTipCol = 0;
 };
 
 } // namespace vellant::interaction

@@ -7,7 +7,10 @@
 #include "base/basic_text.h"
 #include "base/error_trap.h"
 #include "hostmodel/host_predicates.h"
+#include "interaction/edit_cell.h"
 #include "interaction/label_orientation.h"
+#include "prefs/map_prefs.h"
+#include "prefs/map_slots.h"
 #include "prefs/settings.h"
 #include "session/attach.h"
 #include "session/session.h"
@@ -67,7 +70,9 @@ void okclick(Session& s) {
             s.gAccepted = kTrue;
             // Call-backs that the commands below raise must find nothing to do.
             s.gFormReady = kFalse;
-            // The map's own preferences are saved first here, once they exist.
+            // The map's groups are saved while the grid is still as the user left it, and
+            // before the settings, which hold the count of stored maps.
+            prefs::writemapprefs(s, prefs::mapprefname(prefs::maptitle(s)));
             prefs::writeprefs(s);
             if (s.gIsMapInfo) {
                 if (windowOpen(s, s.gViewWin) && !s.gImmediate) replaceUserMap(s);
@@ -154,6 +159,9 @@ void shutdown(Session& s) {
     prefs::closelog(s);
     // The cell editor, the information form and the feedback form are unloaded here too, once
     // they exist. A picker that was never made has nothing to unload.
+    next([&] {
+        if (s.gEditCell) s.gEditCell->Unload();
+    });
     next([&] {
         if (s.gLabelOrient) s.gLabelOrient->Unload();
     });

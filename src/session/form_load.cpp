@@ -12,6 +12,9 @@
 #include "grid/header_cells.h"
 #include "grid/load_grid.h"
 #include "hostmodel/map_object.h"
+#include "interaction/double_click.h"
+#include "prefs/map_prefs.h"
+#include "prefs/map_slots.h"
 #include "prefs/setting_controls.h"
 #include "prefs/settings.h"
 #include "session/attach.h"
@@ -102,14 +105,20 @@ void fillGrid(Session& s, LayerForm& form) {
     grid::labelgrid(s);
     bool rebuild = true;
     grid::load_grid(s, rebuild);
-    // The map's stored groups are applied here, once per-map preferences exist.
+    // The window number MapInfo adds to a further window of one map does not part its groups.
+    prefs::getmapprefs(s, prefs::mapprefname(prefs::maptitle(s)));
     platform::FlexGrid& grid = form.LyrGrid;
     for (int col = 0; col < grid.Cols(); ++col)
         s.gColWidth[col] = static_cast<std::uint16_t>(grid.ColWidth(col));
     grid.setRow(0);
-    // Just right of the first column, where the simulated header clicks that fold the column
-    // groups are made, once the double click exists.
+    // Just right of the first column, so that the double clicks below land on the header of
+    // the current column: every column group opens folded.
     s.gMouseX = static_cast<float>(grid.ColWidth(0) + 1);
+    for (int col = 1; col < grid.Cols(); ++col) {
+        if (s.gColGroup[col] != col) continue;
+        grid.setCol(col);
+        interaction::dblclick(s);
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "session/layer_form.h"
 
 #include "base/runtime_error.h"
+#include "interaction/grid_events.h"
 
 namespace vellant::session {
 
@@ -11,7 +12,8 @@ constexpr int kHeaderPictureTwips = 240;
 // The drag handle and the style sample headings are drawn a little wider.
 constexpr int kWideHeaderPictureTwips = 300;
 constexpr int kGlyphTwips = 150;
-constexpr int kToggleStatusTwips = 240;
+// 32 pixels square.
+constexpr int kToggleStatusTwips = 480;
 
 const char* const kHeaderImageNames[] = {
     "VisiblePic",      "ShowNodesPic",    "ShowLinesPic",      "ShowCentroidsPic",
@@ -76,6 +78,9 @@ LayerForm::LayerForm(std::string name, platform::Toolkit& toolkit)
         status.setWidth(kToggleStatusTwips);
         status.setHeight(kToggleStatusTwips);
         status.setVisible(false);
+        status.setToolTipText("Layer property toggle status");
+        status.setPicture({"ToggleStatus" + std::to_string(status.Index()), nullptr,
+                           kToggleStatusTwips, kToggleStatusTwips});
     }
 
     OK.setToolTipText("Accept Vellant changes");
@@ -88,13 +93,24 @@ LayerForm::LayerForm(std::string name, platform::Toolkit& toolkit)
     Expand_Row.setCaption("Expand row height to fit");
     Expand_Row.setChecked(true);
     show_tooltips.setCaption("Show tool tips");
-    Save_user_position.setCaption("Save user position");
+    View_Entire.setCaption("View Entire Selected");
+    Add_Layer.setCaption("Insert Layer");
+    Remove_layer.setCaption("Remove layer");
+    Group_selected.setCaption("Group selected layers");
+    Ungroup_layers.setCaption("Ungroup layers");
     remove_group_prefs.setCaption("Remove saved map group details");
+    VL_on_top.setCaption("Keep Vellant on top");
+    show_MI_statusbar.setCaption("Show MapInfo status bar");
+    Save_user_position.setCaption("Save user position");
     self_test.setCaption("Self test");
     self_test.setEnabled(false);
-    layers_popup.addItem(Expand_Row);
-    layers_popup.addItem(show_tooltips);
-    layers_popup.addItem(remove_group_prefs);
+    for (platform::MenuItem* separator : {&sep1, &sep2, &sep3, &sep4})
+        separator->setCaption("-");
+    for (platform::MenuItem* item :
+         {&Expand_Row, &show_tooltips, &sep1, &View_Entire, &sep2, &Add_Layer, &Remove_layer, &sep3,
+          &Group_selected, &Ungroup_layers, &remove_group_prefs, &sep4, &VL_on_top,
+          &show_MI_statusbar, &Save_user_position, &self_test})
+        layers_popup.addItem(*item);
 
     registerAll();
     wireButtons();
@@ -138,6 +154,10 @@ void LayerForm::registerAll() {
                                                                &Save_user_position,
                                                                &remove_group_prefs,
                                                                &self_test,
+                                                               &sep1,
+                                                               &sep2,
+                                                               &sep3,
+                                                               &sep4,
                                                                &Timer1};
     for (platform::Control* control : singles)
         registerControl(*control);
@@ -153,9 +173,13 @@ void LayerForm::registerAll() {
         registerControl(*image);
 }
 
-vlLayerControl::vlLayerControl(platform::Toolkit& toolkit) : LayerForm("vlLayerControl", toolkit) {}
+// Each twin hooks its own grid: the handlers differ a little between them.
+vlLayerControl::vlLayerControl(platform::Toolkit& toolkit) : LayerForm("vlLayerControl", toolkit) {
+    interaction::wireLayerGrid(*this, false);
+}
 
 vlLayerDocked::vlLayerDocked(platform::Toolkit& toolkit) : LayerForm("vlLayerDocked", toolkit) {
+    interaction::wireLayerGrid(*this, true);
     // The timer is switched on at the end of Form_Load, when the form is ready.
     Timer1.setEnabled(false);
 }

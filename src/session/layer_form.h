@@ -64,6 +64,11 @@ public:
     platform::MenuItem Add_Layer{"Add_Layer"};
     platform::MenuItem show_MI_statusbar{"show_MI_statusbar"};
     platform::MenuItem VL_on_top{"VL_on_top"};
+    // The popup menu's separators, top down.
+    platform::MenuItem sep1{"sep1"};
+    platform::MenuItem sep2{"sep2"};
+    platform::MenuItem sep3{"sep3"};
+    platform::MenuItem sep4{"sep4"};
 
     platform::Timer Timer1;
 

@@ -1,6 +1,7 @@
 #include "session/session.h"
 
 #include "base/runtime_error.h"
+#include "interaction/edit_cell.h"
 #include "interaction/label_orientation.h"
 #include "prefs/settings.h"
 

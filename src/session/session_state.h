@@ -11,7 +11,8 @@
 
 namespace vellant::interaction {
 class Label_Orientation;
-}
+class EditCell;
+} // namespace vellant::interaction
 
 namespace vellant::session {
 
@@ -29,6 +30,8 @@ struct SessionState {
     std::unique_ptr<vlLayerDocked> gDockedForm;
     // The label orientation picker: one instance, hidden after use and kept until shutdown.
     std::unique_ptr<interaction::Label_Orientation> gLabelOrient;
+    // The cell editor: made on first use, unloaded by every caller after use.
+    std::unique_ptr<interaction::EditCell> gEditCell;
     Flag gFormReady = kFalse;
     Flag gAccepted = kFalse;
     Flag gShuttingDown = kFalse;

@@ -81,7 +81,7 @@ TEST_P(ReplayScriptFault, IsRefusedWithItsLine) {
 INSTANTIATE_TEST_SUITE_P(
     Lines, ReplayScriptFault,
     ::testing::Values(
-        Faulty{"snapshot\nclick 1 2\n", 2, "unknown verb 'click' (the verbs are press, advice"},
+        Faulty{"snapshot\nwiggle 1 2\n", 2, "unknown verb 'wiggle' (the verbs are press, advice"},
         Faulty{"press\n", 1, "press needs a name (write: press <control>)"},
         Faulty{"press OK Cancel\n", 1, "one name without blanks"},
         Faulty{"snapshot now\n", 1, "snapshot takes no argument"},
