@@ -143,5 +143,103 @@ TEST_F(Replay, AnswersAheadOfTheSessionServeTheMessagesOfItsLoad) {
     EXPECT_EQ(countOf(lines, "menu 811"), 0u);
 }
 
+// The line after the first one that begins with the prefix: the host's answer to an eval.
+std::string answerTo(const std::vector<std::string>& lines, const std::string& evalPrefix) {
+    const std::size_t at = findFrom(lines, 0, evalPrefix);
+    return at + 1 < lines.size() ? lines[at + 1].substr(2) : "";
+}
+
+// Lines from the first with one prefix up to the first with the other after it.
+std::vector<std::string> between(const std::vector<std::string>& lines, const std::string& from,
+                                 const std::string& to) {
+    const std::size_t first = findFrom(lines, 0, from);
+    const std::size_t last = findFrom(lines, first, to);
+    if (last >= lines.size()) return {};
+    return {lines.begin() + static_cast<long>(first), lines.begin() + static_cast<long>(last)};
+}
+
+// Rows 3 to 5 hold layers 2 to 4 (row 1 is the cosmetic layer). The click goes to the view
+// map alone, one layer after the other, and the picture beside the grid moves on a step.
+TEST_F(Replay, TheRoadOfOneClickTurnsTheSelectedLayersOffInTheViewOnly) {
+    const auto lines = replay("select 3 5\n"
+                              "click 3 visible\n"
+                              "snapshot\n"
+                              "press OK\n");
+    const std::string userMap = answerTo(lines, "eval WindowID(frontwindow())");
+    const std::string view = answerTo(lines, "eval WindowID(0)");
+    ASSERT_NE(userMap, view);
+
+    std::vector<std::string> road = {"> select 3 5", "> click 3 visible"};
+    for (const char* layer : {"2", "3", "4"}) {
+        road.push_back("eval LayerInfo( " + view + ", " + layer + ",9)");
+        road.push_back("do set map window  " + view + " Layer  " + layer + " Display Off");
+    }
+    road.insert(road.end(), {"> snapshot", "togglestatus 1", "> press OK"});
+    expectInOrder(lines, road);
+
+    const auto click = between(lines, "> click 3 visible", "> press OK");
+    EXPECT_EQ(countOf(click, "do set map window  " + view + " Layer "), 3u);
+    for (const std::string& line : click)
+        EXPECT_EQ(line.find(userMap), std::string::npos) << line;
+    EXPECT_EQ(countOf(lines, "unhandled"), 0u);
+    EXPECT_EQ(countOf(lines, "error script"), 0u);
+}
+
+// The user's other actions, each through the grid's own events: a layer dragged upward,
+// a column group unfolded, rows grouped from the grid's menu and collapsed, a zoom typed in the
+// editor, an expression picked from its list, and a label placed with the picker.
+TEST_F(Replay, TheUsersActionsReachTheViewMapThroughTheGrid) {
+    const auto lines = replay("drag 9 2\n"
+                              "select 3 4\n"
+                              "rclick 3 visible\n"
+                              "menu Group_selected\n"
+                              "dblclick 3 layer\n"
+                              "dblclick 0 zoom_layer\n"
+                              "click 7 zoom max\n"
+                              "type 5000\n"
+                              "dblclick 0 user info\n"
+                              "click 2 user info\n"
+                              "pick 32\n"
+                              "dblclick 0 label properties\n"
+                              "click 5 label orient\n"
+                              "orient 8\n"
+                              "snapshot\n"
+                              "press OK\n");
+    const std::string view = answerTo(lines, "eval WindowID(0)");
+    expectInOrder(lines,
+                  {"> drag 9 2", "do Set Map Window  " + view + " Order 1,8,2,3,4,5,6,7",
+                   "> type 5000", "do set map window  " + view + " Layer  6 Zoom ( 0, 5000) Off",
+                   "> pick 32", "eval LayerInfo( " + view + ", 1, 1)", "= text", "> orient 8",
+                   "do set map window  " + view + " Layer  4 Label Position Center Right",
+                   "> snapshot", "rowheights 350 240 240 240 0 ", "> press OK"});
+    // The two grouped rows carry the name of the anchor's row; the second is folded away.
+    EXPECT_EQ(countOf(lines, "cell 3 2 click 1 back 0xFFFFC0 pic - text Group  3"), 1u);
+    EXPECT_EQ(countOf(lines, "cell 4 2 click 1 back 0xFFFFFF pic - text Group  3"), 1u);
+    // The pick wrote its expression and, beside it, its value for the top layer. The raster
+    // dragged up lands below the row it was dropped on.
+    EXPECT_EQ(countOf(lines, "cell 2 36 click 1 back 0xFFFFFF pic - text LayerInfo(%MAPID%,"
+                             "%LAYERNUM%, 1)"),
+              1u);
+    EXPECT_EQ(countOf(lines, "cell 2 37 click 1 back 0xFFFFFF pic - text text"), 1u);
+    EXPECT_EQ(countOf(lines, "unhandled"), 0u);
+    EXPECT_EQ(countOf(lines, "error script"), 0u);
+}
+
+TEST_F(Replay, ActionsTheGridCannotTakeAreRefusedWithTheirReason) {
+    const auto lines = replay("click 3 zoom max\n"
+                              "click 40 visible\n"
+                              "click 3 nosuchcolumn\n"
+                              "type 12\n"
+                              "orient 3\n"
+                              "menu Ungroup_layers\n");
+    expectInOrder(lines, {"error script line 1: column 18 is folded",
+                          "error script line 2: the grid has no row 40",
+                          "error script line 3: no column 'nosuchcolumn'",
+                          "error script line 4: no cell editor is open",
+                          "error script line 5: the orientation picker is not open",
+                          "hide vlLayerControl"});
+    EXPECT_EQ(countOf(lines, "unhandled"), 0u);
+}
+
 } // namespace
 } // namespace vellant::replay

@@ -40,6 +40,14 @@ void ReplayRun::refuse(const ScriptLine& line, const std::string& why) {
     transcript_.write("error", "script line " + std::to_string(line.number) + ": " + why);
 }
 
+const ScriptLine* ReplayRun::upcoming() const {
+    return next_ < script_.size() ? &script_[next_] : nullptr;
+}
+
+void ReplayRun::consumeUpcoming() {
+    if (next_ < script_.size()) transcript_.write(">", script_[next_++].text());
+}
+
 void ReplayRun::runLine(const ScriptLine& line) {
     transcript_.write(">", line.text());
     try {

@@ -45,6 +45,10 @@ public:
     // A line of the script that could not be done: "error script line <n>: <why>". The script
     // goes on with its next line.
     void refuse(const ScriptLine& line, const std::string& why);
+    // The line after the one running, or nullptr at the end; a verb that takes it as part of
+    // its own action (a right click and the menu item chosen) consumes it, echoed as run.
+    const ScriptLine* upcoming() const;
+    void consumeUpcoming();
 
 private:
     void runLine(const ScriptLine& line);

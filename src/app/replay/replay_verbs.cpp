@@ -2,6 +2,7 @@
 
 #include "app/replay/grid_snapshot.h"
 #include "app/replay/replay_run.h"
+#include "app/replay/user_verbs.h"
 #include "base/basic_text.h"
 #include "engine/host/companion.h"
 #include "engine/host/host_services.h"
@@ -109,6 +110,11 @@ void snapshot(ReplayRun& replay, const ScriptLine& line) {
     session::Session* s = replay.layer().currentSession();
     if (!s || !s->gLayerForm) return replay.refuse(line, "no layer form is loaded");
     writeGridSnapshot(replay.transcript(), s->gLayerForm->LyrGrid, s->gCellState);
+    // The picture beside the grid that tells which step of the toggle cycle comes next.
+    std::string status = "none";
+    for (const platform::Control& picture : s->gLayerForm->ToggleStatusPic.all())
+        if (picture.Visible()) status = std::to_string(picture.Index());
+    replay.transcript().write("togglestatus", status);
 }
 
 constexpr std::array<std::string_view, 4> kAnswers = {"ok", "yes", "no", "cancel"};
@@ -120,6 +126,24 @@ const Verb kVerbs[] = {
     {"host", Argument::Text, {}, false, host, "host <MapBasic statement>"},
     {"answer", Argument::Choice, kAnswers, true, answer, "answer ok|yes|no|cancel"},
     {"snapshot", Argument::None, {}, false, snapshot, "snapshot"},
+    {"click", Argument::Text, {}, false, clickVerb, "click <row> <column>"},
+    {"rclick", Argument::Text, {}, false, rightClickVerb, "rclick <row> <column>"},
+    {"dblclick", Argument::Text, {}, false, doubleClickVerb, "dblclick <row> <column>"},
+    {"select", Argument::Text, {}, false, selectRowsVerb, "select <row1> <row2>"},
+    {"selectcells",
+     Argument::Text,
+     {},
+     false,
+     selectCellsVerb,
+     "selectcells <row1> <col1> <row2> <col2>"},
+    {"drag", Argument::Text, {}, false, dragVerb, "drag <from-row> <to-row>"},
+    {"key", Argument::Text, {}, false, keyVerb, "key <character>"},
+    {"type", Argument::Text, {}, false, typeVerb, "type <text>"},
+    {"enter", Argument::None, {}, false, enterVerb, "enter"},
+    {"esc", Argument::None, {}, false, escapeVerb, "esc"},
+    {"pick", Argument::Integer, {}, false, pickVerb, "pick <n>"},
+    {"menu", Argument::Word, {}, false, menuVerb, "menu <item>"},
+    {"orient", Argument::Integer, {}, false, orientVerb, "orient <code>"},
 };
 
 } // namespace
