@@ -3,9 +3,9 @@
 // cell editor opening once for a set, and what a finished click leaves behind. The host is
 // reached through a recorder, so the MapBasic the click sends can be read back.
 
-#include "../grid/grid_host.h"
 #include "../session/recording_mapinfo.h"
 #include "base/basic_text.h"
+#include "clicking_grid.h"
 #include "interaction/edit_cell.h"
 #include "interaction/grid_click.h"
 #include "interaction/toggle_cycle.h"
@@ -20,31 +20,13 @@ namespace {
 constexpr int kDisplayMode = 9; // LayerInfo: 0 off, 1 graphic, 2 global
 constexpr int kZoomMax = 6;
 
-class GridClick : public GridHost {
+class GridClick : public ClickingGrid {
 protected:
     GridClick() {
         recorder = std::make_shared<vellant::testing::RecordingMapInfo>(app);
         session->gMapInfo = recorder;
         load();
         recorder->calls.clear();
-    }
-
-    // Whole rows dragged over in the first column, as the selection handler hands them on.
-    void selectRows(int first, int last) {
-        grid().setRow(row(first));
-        grid().setCol(1);
-        grid().setRowSel(row(last));
-        grid().setColSel(grid().Cols() - 1);
-        interaction::startToggleCycle(*session);
-    }
-
-    // The mouse goes down inside the cell and the grid's Click follows.
-    void click(int layer, const std::string& key) {
-        session->gMouseX = static_cast<float>(grid().ColPos(col(key)) + 10);
-        session->gMouseY = static_cast<float>(grid().RowPos(row(layer)) + 10);
-        grid().setRow(row(layer));
-        grid().setCol(col(key));
-        interaction::Layergridclick(*session);
     }
 
     bool shown(int layer, int window = 0) { return info(layer, kDisplayMode, window) != "0"; }
@@ -61,11 +43,6 @@ protected:
     bool sent(const std::string& call) {
         const auto& calls = recorder->calls;
         return std::find(calls.begin(), calls.end(), call) != calls.end();
-    }
-    int visibleStatusPicture() {
-        for (int i = 0; i <= 3; ++i)
-            if (form->ToggleStatusPic(i).Visible()) return i;
-        return -1;
     }
     // How often the form stepped down from topmost for a modal form.
     long modalOpenings() {
@@ -245,6 +222,41 @@ TEST_F(GridClick, TheEditorOpensOnceForARowSetWithTheClickedRowsTextAndItsResult
     // Any finished click moves the cycle on, though only a toggle shows the next picture.
     EXPECT_EQ(session->gToggleStep, 2);
     EXPECT_EQ(visibleStatusPicture(), -1);
+}
+
+// A collapsed group opens the editor at the clicked row. The group's rows above it take the
+// walk without the editor and an empty text: their cells are blanked, and nothing is written
+// to their layers. Esc hands back the starting text, which the rows from the clicked one on
+// keep, and their layers take it.
+TEST_F(GridClick, InACollapsedGroupTheEditorOpensAtTheClickedRowAndEscKeepsItsText) {
+    for (int layer : {kRegions, kLines, kPoints}) {
+        session->gLayerGroup[layer] = "G";
+        session->gRowExpanded[layer] = kFalse;
+    }
+    setViewLayer(kRegions, "Zoom (0, 9000) Units \"mi\" Off");
+    load();
+    grid().setTextMatrix(row(kLines), col("zoom max"), "7000");
+    grid().setTextMatrix(row(kPoints), col("zoom max"), "8000");
+    grid().setTextMatrix(row(kText), col("zoom max"), "6000");
+    std::string startText;
+    toolkit.addStep([&] {
+        interaction::EditCell& editor = interaction::editCellForm(*session);
+        startText = editor.ecell.Text();
+        editor.ecell_KeyDown(27);
+    });
+    click(kLines, "zoom max");
+
+    EXPECT_EQ(startText, "7000");
+    EXPECT_EQ(modalOpenings(), 1);
+    EXPECT_EQ(text(kRegions, "zoom max"), "");
+    EXPECT_EQ(Val(info(kRegions, kZoomMax)), 9000);
+    for (int layer : {kLines, kPoints}) {
+        EXPECT_EQ(text(layer, "zoom max"), "7000") << layer;
+        EXPECT_EQ(Val(info(layer, kZoomMax)), 7000) << layer;
+    }
+    // Rows outside the group are passed over.
+    EXPECT_EQ(text(kText, "zoom max"), "6000");
+    EXPECT_EQ(log().find("From"), std::string::npos) << log();
 }
 
 TEST_F(GridClick, InTheSelfTestATextCellTakesTheCannedValueAndTheGroupColumnNamesTheGroup) {

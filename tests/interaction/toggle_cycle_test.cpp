@@ -2,9 +2,9 @@
 // a second column taking over the cycle, one row flipping at every click, and the columns that
 // are not plain on/off (override on showing again, label zoom, label line, orientation).
 
-#include "../grid/grid_host.h"
 #include "../session/recording_mapinfo.h"
 #include "base/basic_text.h"
+#include "clicking_grid.h"
 #include "interaction/grid_click.h"
 #include "interaction/label_orientation.h"
 #include "interaction/toggle_cycle.h"
@@ -24,38 +24,12 @@ constexpr int kLabelVisibility = 25; // 1 off, 2 by zoom, 3 on
 constexpr int kLabelLine = 16;
 constexpr int kLabelPosition = 20;
 
-class ToggleCycle : public GridHost {
+class ToggleCycle : public ClickingGrid {
 protected:
-    void selectRows(int first, int last) {
-        grid().setRow(row(first));
-        grid().setCol(1);
-        grid().setRowSel(row(last));
-        grid().setColSel(grid().Cols() - 1);
-        interaction::startToggleCycle(*session);
-    }
-
-    void click(int layer, const std::string& key) {
-        session->gMouseX = static_cast<float>(grid().ColPos(col(key)) + 10);
-        session->gMouseY = static_cast<float>(grid().RowPos(row(layer)) + 10);
-        grid().setRow(row(layer));
-        grid().setCol(col(key));
-        interaction::Layergridclick(*session);
-    }
-
     bool shown(int layer) { return info(layer, kDisplayMode) != "0"; }
     std::vector<bool> shownRows() { return {shown(kRegions), shown(kLines), shown(kPoints)}; }
     std::vector<bool> flagRows(int code) {
         return {info(kRegions, code) == "T", info(kLines, code) == "T", info(kPoints, code) == "T"};
-    }
-
-    int visibleStatusPicture() {
-        int found = -1;
-        for (int i = 0; i <= 3; ++i) {
-            if (!form->ToggleStatusPic(i).Visible()) continue;
-            if (found >= 0) return -2; // more than one
-            found = i;
-        }
-        return found;
     }
 };
 
