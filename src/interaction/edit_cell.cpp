@@ -20,9 +20,8 @@ namespace {
 constexpr int kEditorWidth = 2415;
 constexpr int kTextBoxHeight = 375;
 constexpr int kListHeight = 315;
-// Both controls are painted light green (0xC0FFC0) by the front end; the program never reads
-// or changes the colour.
-[[maybe_unused]] constexpr std::int32_t kEditorBackColor = 0xC0FFC0;
+// Light green, so that an open editor stands out from the white cells around it.
+constexpr std::uint32_t kEditorBackColor = 0xC0FFC0;
 // A row lower than this would hide the editor's own text.
 constexpr int kMinHeight = 200;
 // The editor stands a little right of the cell's left edge.
@@ -51,7 +50,9 @@ EditCell::EditCell(platform::Toolkit& toolkit, Session& session)
     ecell.setHeight(kTextBoxHeight);
     ecell.setToolTipText("'Enter'  or 'Esc' or to end text entry");
     ecell.setVisible(false);
+    ecell.setBackColor(kEditorBackColor);
     EditList.setWidth(kEditorWidth);
+    EditList.setBackColor(kEditorBackColor);
     EditList.setHeight(kListHeight);
     EditList.setVisible(false);
     EditList.onClick = [this] { EditList_Click(); };

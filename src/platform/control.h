@@ -27,6 +27,7 @@ enum class Property {
     Picture,
     Text,
     Interval,
+    BackColor,
 };
 
 class Control {
@@ -55,6 +56,8 @@ public:
     bool Checked() const { return checked_; }
     const vellant::platform::Picture& Picture() const { return picture_; }
     const std::string& Text() const { return text_; }
+    // 0x00BBGGRR, or a system colour such as 0x80000005 (the window background), the default.
+    std::uint32_t BackColor() const { return backColor_; }
 
     void setLeft(int v) { assign(left_, v, Property::Left); }
     void setTop(int v) { assign(top_, v, Property::Top); }
@@ -70,6 +73,7 @@ public:
     void setChecked(bool v) { assign(checked_, v, Property::Checked); }
     void setPicture(const vellant::platform::Picture& v) { assign(picture_, v, Property::Picture); }
     void setText(const std::string& v) { assign(text_, v, Property::Text); }
+    void setBackColor(std::uint32_t v) { assign(backColor_, v, Property::BackColor); }
     void Move(int left, int top, int width, int height);
 
     // The handler a click (by the user or by a value change) reaches.
@@ -105,6 +109,7 @@ private:
     bool checked_ = false;
     vellant::platform::Picture picture_;
     std::string text_;
+    std::uint32_t backColor_ = 0x80000005;
     ObserverList<Control&, Property> observers_;
 };
 

@@ -133,7 +133,7 @@ TEST_F(CellEditor, AColumnOutsideTheGridIsRefused) {
     EXPECT_EQ(session->gCellText, "9");
 }
 
-TEST_F(CellEditor, StandsTopmostOverTheCellWithTheCellsSize) {
+TEST_F(CellEditor, StandsTopmostOverTheCellInGreenWithTheCellsSize) {
     form->setLeft(1000);
     form->setTop(2000);
     grid().setLeft(60);
@@ -151,6 +151,7 @@ TEST_F(CellEditor, StandsTopmostOverTheCellWithTheCellsSize) {
     EXPECT_EQ(editor().Height(), 200);
     EXPECT_EQ(editor().ecell.Width(), editor().Width());
     EXPECT_EQ(editor().ecell.Height(), 200);
+    EXPECT_EQ(editor().ecell.BackColor(), 0xC0FFC0u);
 
     grid().setRowHeight(row(kPoints), 400);
     prepare(kPoints, "label field", "Name");
@@ -158,6 +159,7 @@ TEST_F(CellEditor, StandsTopmostOverTheCellWithTheCellsSize) {
     EXPECT_EQ(editor().Height(), 400);
     EXPECT_EQ(editor().EditList.Width(), editor().Width());
     EXPECT_EQ(editor().EditList.Height(), 315);
+    EXPECT_EQ(editor().EditList.BackColor(), 0xC0FFC0u);
 }
 
 TEST_F(CellEditor, LabelFieldOffersTheFieldsAndKeepsAnExpressionLast) {
