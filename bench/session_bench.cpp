@@ -125,6 +125,26 @@ LayeredHost& hostOf(int layers) {
     return *host;
 }
 
+struct HostCalls {
+    double calls = 0;
+    double errors = 0;
+};
+
+// What an action asks of the host, counted by a recording host object that takes the host's
+// place while it runs.
+template <class Action>
+HostCalls countHostCalls(LayeredHost& host, LoadedSession& loaded, const Action& action) {
+    std::ostringstream ignored;
+    replay::Transcript transcript(ignored);
+    const auto own = loaded.s->gMapInfo;
+    loaded.s->gMapInfo = std::make_shared<replay::RecordingHost>(host.app, transcript);
+    action();
+    loaded.s->gMapInfo = own;
+    return {static_cast<double>(transcript.count("do") + transcript.count("eval") +
+                                transcript.count("menu")),
+            static_cast<double>(transcript.count("error"))};
+}
+
 void BM_load_grid(benchmark::State& state) {
     const int layers = static_cast<int>(state.range(0));
     LayeredHost& host = hostOf(layers);
@@ -132,15 +152,10 @@ void BM_load_grid(benchmark::State& state) {
     for (auto _ : state)
         loaded.load();
 
-    // One more load through a recording host object, to count what a load asks of the host.
-    std::ostringstream ignored;
-    replay::Transcript transcript(ignored);
-    loaded.s->gMapInfo = std::make_shared<replay::RecordingHost>(host.app, transcript);
-    loaded.load();
-    const double calls = static_cast<double>(transcript.count("do") + transcript.count("eval") +
-                                             transcript.count("menu"));
-    state.counters["calls_per_layer"] = calls / layers;
-    state.counters["errors"] = static_cast<double>(transcript.count("error"));
+    // One more load, to count what a load asks of the host.
+    const HostCalls asked = countHostCalls(host, loaded, [&] { loaded.load(); });
+    state.counters["calls_per_layer"] = asked.calls / layers;
+    state.counters["errors"] = asked.errors;
     // An inverted rate is seconds per (iteration x value): the time of one layer's row.
     state.counters["time_per_layer"] = benchmark::Counter(
         layers, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
@@ -180,14 +195,9 @@ void BM_toggle_click(benchmark::State& state) {
     for (auto _ : state)
         toggle.click();
 
-    std::ostringstream ignored;
-    replay::Transcript transcript(ignored);
-    loaded.s->gMapInfo = std::make_shared<replay::RecordingHost>(host.app, transcript);
-    toggle.click();
-    const double calls = static_cast<double>(transcript.count("do") + transcript.count("eval") +
-                                             transcript.count("menu"));
-    state.counters["calls_per_row"] = calls / layers;
-    state.counters["errors"] = static_cast<double>(transcript.count("error"));
+    const HostCalls asked = countHostCalls(host, loaded, [&] { toggle.click(); });
+    state.counters["calls_per_row"] = asked.calls / layers;
+    state.counters["errors"] = asked.errors;
     // The fourth step gives every layer its own setting back: the host is left as it was found
     // for the benchmarks that share it.
     while (loaded.s->gToggleStep != 0)
