@@ -6,6 +6,7 @@
 #include "engine/lang/registry.h"
 #include "engine/lang/variables.h"
 #include "engine/mb_error.h"
+#include "engine/render/map_renderer.h"
 #include "engine/tables/catalog.h"
 #include "engine/windows/window_manager.h"
 
@@ -45,11 +46,13 @@ void assign(Engine& engine, Cursor& cursor) {
 Engine::Engine()
     : registry_(std::make_unique<Registry>()), variables_(std::make_unique<Variables>()),
       catalog_(std::make_unique<Catalog>()), windows_(std::make_unique<WindowManager>(*catalog_)),
-      host_(std::make_unique<HostServices>()) {
+      host_(std::make_unique<HostServices>()), renderer_(std::make_unique<MapRenderer>(*this)) {
     registerCoreLanguage(*registry_);
     registerTableLanguage(*registry_);
     registerWindowLanguage(*registry_);
     registerHostLanguage(*registry_);
+    registerRenderLanguage(*registry_);
+    registerWorkspaceLanguage(*registry_);
 }
 
 Engine::~Engine() = default;

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vellant::engine {
 
@@ -17,6 +18,7 @@ class Variables;
 class Catalog;
 class WindowManager;
 class HostServices;
+class MapRenderer;
 
 // Settings of the MapBasic session that statements and functions share.
 struct SessionSettings {
@@ -25,6 +27,9 @@ struct SessionSettings {
     std::string paperUnits = "in";
     // Set CoordSys: the coordinate system of x/y in statements and functions.
     std::string coordSys = "CoordSys Earth Projection 1, 0";
+    // Workspace statements of windows the engine does not show (layouts, legends, graphs), one
+    // block per window as the workspace had it, so that Save Workspace writes them back.
+    std::vector<std::string> keptWorkspaceText;
 };
 
 class Engine {
@@ -50,6 +55,8 @@ public:
     Catalog& catalog() { return *catalog_; }
     WindowManager& windows() { return *windows_; }
     HostServices& host() { return *host_; }
+    // Draws map windows, for the screen and for Save Window; keeps their geometry.
+    MapRenderer& renderer() { return *renderer_; }
     SessionSettings& settings() { return settings_; }
 
     // A statement changed what a window shows; the host passes it on to the client's
@@ -62,6 +69,7 @@ private:
     std::unique_ptr<Catalog> catalog_;
     std::unique_ptr<WindowManager> windows_;
     std::unique_ptr<HostServices> host_;
+    std::unique_ptr<MapRenderer> renderer_;
     SessionSettings settings_;
     int runDepth_ = 0; // Run Command nesting, bounded so a self-running command cannot recurse
 };
@@ -72,5 +80,9 @@ void registerCoreLanguage(Registry& registry);   // lang/: Dim, UnDim, assignmen
 void registerTableLanguage(Registry& registry);  // tables/
 void registerWindowLanguage(Registry& registry); // windows/
 void registerHostLanguage(Registry& registry);   // host/: button pads, status bar, settings
+void registerRenderLanguage(Registry& registry); // render/: Save Window
+// workspace/: Run Application of a workspace, Save Workspace; after the host, whose
+// Run Application it extends
+void registerWorkspaceLanguage(Registry& registry);
 
 } // namespace vellant::engine

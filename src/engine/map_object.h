@@ -34,6 +34,7 @@ struct MapObject {
     // text: their defining points.
     std::vector<std::vector<MapPoint>> parts;
     std::string text; // text objects
+    double angle = 0; // text objects: degrees, counter-clockwise about the box's first corner
     // Style clauses in canonical form ("Pen (1,2,0)"); empty where the object has none.
     std::string pen;
     std::string brush;

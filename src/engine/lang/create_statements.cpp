@@ -187,8 +187,8 @@ void createBox(Engine& engine, Cursor& cursor, ObjectKind kind) {
 
 // Create Text "text" (x1,y1) (x2,y2) [Font] [Label Line {Simple|Arrow} (x,y) [Pen]]
 //   [Spacing n] [Justify {Left|Center|Right}] [Angle a]
-// The label line, spacing, justification and angle are read for their syntax; a MapObject
-// keeps the text, its box and its font.
+// The label line, spacing and justification are read for their syntax; a MapObject keeps the
+// text, its box, its font and its angle.
 void createText(Engine& engine, Cursor& cursor) {
     const Target target = readTarget(cursor);
     MapObject object;
@@ -211,7 +211,7 @@ void createText(Engine& engine, Cursor& cursor) {
                 cursor.expectWord("right");
             }
         } else if (cursor.acceptWord("angle")) {
-            cursor.numberExpression();
+            object.angle = cursor.numberExpression();
         } else {
             break;
         }

@@ -109,6 +109,8 @@ std::vector<std::string> Catalog::closeFamily(const Table& table) {
     std::vector<std::string> names;
     for (const Table* closed : closing)
         names.push_back(closed->name());
+    for (const Table* closed : closing)
+        tableClosing.notify(*closed);
     std::erase_if(tables_, [&](const std::unique_ptr<Table>& candidate) {
         return std::find(closing.begin(), closing.end(), candidate.get()) != closing.end();
     });

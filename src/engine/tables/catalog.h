@@ -3,7 +3,9 @@
 // something else (a map window's cosmetic layer): those answer to their name like any other,
 // but are not counted or numbered, as the host keeps them out of NumTables() and TableInfo(n).
 
+#include "engine/tables/selection.h"
 #include "engine/tables/table.h"
+#include "platform/observer_list.h"
 
 #include <memory>
 #include <string>
@@ -50,6 +52,14 @@ public:
     // The name Select gives a result without Into: Query1, Query2, ... not in use.
     std::string nextQueryName();
 
+    // The current selection. Closing its table clears it.
+    Selection& selection() { return selection_; }
+    const Selection& selection() const { return selection_; }
+
+    // Each table about to close (removed, or detached by its owner), while it still exists:
+    // whoever keeps something about a table lets it go here.
+    platform::ObserverList<const Table&> tableClosing;
+
 private:
     bool isAttached(const Table& table) const;
     // Removes the table and the queries made from it, however deep; answers their names.
@@ -65,6 +75,7 @@ private:
     // hit counts only while the table still bears the name; closing clears the lot.
     mutable std::unordered_map<std::string, Table*> foundByName_;
     int queriesMade_ = 0;
+    Selection selection_;
 };
 
 } // namespace vellant::engine

@@ -5,9 +5,11 @@
 #include "engine/tables/ogr_object.h"
 #include "engine/tables/table_errors.h"
 
+#include <algorithm>
 #include <cpl_error.h>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <ogr_geometry.h>
 
 namespace vellant::engine {
@@ -68,6 +70,20 @@ std::string lowerExtension(const std::string& path) {
     return ext;
 }
 
+// What kind of TAB the text of the .tab says it is: a view joins other tables ("Create View"),
+// a seamless table lists them ("\IsSeamless" = "TRUE"); GDAL reads both as plain tables.
+void readTabKind(const std::string& path, bool& view, bool& seamless) {
+    std::ifstream in(path, std::ios::binary);
+    std::string head(4096, '\0');
+    in.read(head.data(), static_cast<std::streamsize>(head.size()));
+    head.resize(static_cast<std::size_t>(std::max<std::streamsize>(in.gcount(), 0)));
+    for (char& c : head)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    view = head.find("create view") != std::string::npos;
+    const std::size_t mark = head.find("\"\\isseamless\"");
+    seamless = mark != std::string::npos && head.find("\"true\"", mark) != std::string::npos;
+}
+
 std::string digits(int value, int width) {
     char text[16];
     std::snprintf(text, sizeof text, "%0*d", width, value);
@@ -84,7 +100,10 @@ std::unique_ptr<GdalTable> GdalTable::open(const std::string& path, const std::s
     GdalDatasetPtr dataset(
         GDALOpenEx(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, nullptr, nullptr));
     if (!dataset) {
-        raiseCannotOpen(path, GdalErrorScope::lastMessage("GDAL cannot read it as a table."));
+        const std::string reason = GdalErrorScope::lastMessage("GDAL cannot read it as a table.");
+        // A damaged map header is the likeliest cause, and the clearer message.
+        if (lowerExtension(path) == ".tab") readMapFileCoordSys(path);
+        raiseCannotOpen(path, reason);
     }
     auto handle = static_cast<GDALDatasetH>(dataset.get());
     if (GDALDatasetGetLayerCount(handle) < 1) raiseCannotOpen(path, "the file holds no table.");
@@ -107,6 +126,18 @@ std::unique_ptr<GdalTable> GdalTable::open(const std::string& path, const std::s
         (OGR_FD_GetGeomFieldCount(definition) > 0 && OGR_L_GetGeomType(layer) != wkbNone) ||
         OGR_L_GetSpatialRef(layer) != nullptr;
     if (table->mappable_) table->coordSys_ = coordSysClauseOf(OGR_L_GetSpatialRef(layer));
+    // A TAB whose map holds no objects yet (a new drawing layer, a table given a map and
+    // committed empty) is reported by GDAL without geometry or coordinate system; its .MAP
+    // header still has both, and a .MAP beside the table makes it mappable.
+    if (table->driver_ == "MapInfo File" && lowerExtension(path) == ".tab" && !table->mappable_) {
+        if (std::optional<std::string> clause = readMapFileCoordSys(path)) {
+            table->mappable_ = true;
+            table->coordSys_ = std::move(*clause);
+        }
+    }
+
+    if (table->driver_ == "MapInfo File" && lowerExtension(path) == ".tab")
+        readTabKind(path, table->view_, table->seamless_);
 
     const bool fastCount = OGR_L_TestCapability(layer, OLCFastFeatureCount) != 0;
     const bool randomRead = OGR_L_TestCapability(layer, OLCRandomRead) != 0;

@@ -27,12 +27,13 @@ public:
     ~GdalTable() override;
 
     const std::string& name() const override { return name_; }
-    TableType type() const override { return TableType::Base; }
+    TableType type() const override { return view_ ? TableType::View : TableType::Base; }
     std::string path() const override { return path_; }
     std::int64_t rowCount() const override { return rowCount_; }
     const std::vector<ColumnDef>& columns() const override { return columns_; }
     bool isMappable() const override { return mappable_; }
     bool isRaster() const override { return false; }
+    bool isSeamless() const override { return seamless_; }
     std::optional<Bounds> bounds() const override;
     std::string coordSysClause() const override { return coordSys_; }
     std::optional<Bounds> coordSysBounds() const override;
@@ -68,6 +69,8 @@ private:
     std::vector<ColumnDef> columns_;
     std::vector<int> fieldIndexes_; // OGR field of each column
     bool mappable_ = false;
+    bool view_ = false;     // a TAB of "Create View" over other tables
+    bool seamless_ = false; // a TAB of "\IsSeamless" tables
     std::string coordSys_;
     std::int64_t rowCount_ = 0;
     // Direct access: feature id = row + fidOffset. Otherwise rows are read in order.

@@ -29,8 +29,9 @@ void widen(Bounds& bounds, bool& any, const MapObject& object) {
 } // namespace
 
 MemoryTable::MemoryTable(std::string name, std::vector<ColumnDef> columns,
-                         std::filesystem::path file)
-    : name_(std::move(name)), columns_(std::move(columns)), file_(std::move(file)) {
+                         std::filesystem::path file, std::string charset)
+    : name_(std::move(name)), columns_(std::move(columns)), file_(std::move(file)),
+      charset_(std::move(charset)) {
     if (!file_.empty()) writeFile();
 }
 
@@ -91,6 +92,7 @@ std::int64_t MemoryTable::insertRow(std::vector<MbValue> values,
     row.object = std::move(object);
     rows_.push_back(std::move(row));
     edited = true;
+    rowsChanged();
     return rowCount();
 }
 
@@ -103,6 +105,21 @@ void MemoryTable::deleteRow(std::int64_t row) {
     found.object.reset();
     found.values.clear();
     edited = true;
+    rowsChanged();
+}
+
+void MemoryTable::updateRow(std::int64_t row, const std::vector<std::size_t>& columns,
+                            std::vector<MbValue> values) {
+    checkWritable();
+    if (rowAt(row) == nullptr) return;
+    // Every value is converted before any is kept, so a value that cannot convert changes
+    // nothing.
+    std::vector<MbValue> kept = rows_[static_cast<std::size_t>(row - 1)].values;
+    for (std::size_t i = 0; i < columns.size() && i < values.size(); ++i)
+        kept.at(columns[i]) = valueForColumn(columns_.at(columns[i]), values[i]);
+    rows_[static_cast<std::size_t>(row - 1)].values = std::move(kept);
+    edited = true;
+    rowsChanged();
 }
 
 void MemoryTable::deleteObject(std::int64_t row) {
@@ -110,6 +127,7 @@ void MemoryTable::deleteObject(std::int64_t row) {
     if (rowAt(row) == nullptr) return;
     rows_[static_cast<std::size_t>(row - 1)].object.reset();
     edited = true;
+    rowsChanged();
 }
 
 void MemoryTable::makeMappable(const std::string& coordSysClause) {
@@ -119,6 +137,7 @@ void MemoryTable::makeMappable(const std::string& coordSysClause) {
     }
     mappable_ = true;
     coordSys_ = coordSysClause;
+    rowsChanged();
     if (!file_.empty()) {
         try {
             writeFile();
@@ -133,6 +152,7 @@ void MemoryTable::makeMappable(const std::string& coordSysClause) {
 void MemoryTable::commit() {
     if (!file_.empty()) writeFile();
     edited = false;
+    rowsChanged();
 }
 
 void MemoryTable::deleteFiles() {
@@ -140,7 +160,7 @@ void MemoryTable::deleteFiles() {
 }
 
 void MemoryTable::writeFile() {
-    writeTabFile(file_, *this);
+    writeTabFile(file_, *this, charset_);
 }
 
 } // namespace vellant::engine

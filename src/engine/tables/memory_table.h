@@ -19,7 +19,9 @@ class MemoryTable : public Table {
 public:
     // file: the .tab to keep, or empty for a table without a file. Raises MbError 825 when
     // the file cannot be written.
-    MemoryTable(std::string name, std::vector<ColumnDef> columns, std::filesystem::path file);
+    // charset: Create Table's Charset, what the file is written in ("" lets the writer choose).
+    MemoryTable(std::string name, std::vector<ColumnDef> columns, std::filesystem::path file,
+                std::string charset = {});
 
     const std::string& name() const override { return name_; }
     TableType type() const override { return TableType::Base; }
@@ -40,6 +42,8 @@ public:
     std::int64_t insertRow(std::vector<MbValue> values,
                            std::shared_ptr<const MapObject> object) override;
     void deleteRow(std::int64_t row) override;
+    void updateRow(std::int64_t row, const std::vector<std::size_t>& columns,
+                   std::vector<MbValue> values) override;
     void deleteObject(std::int64_t row) override;
     void makeMappable(const std::string& coordSysClause) override;
     void commit() override;
@@ -58,6 +62,7 @@ private:
     std::string name_;
     std::vector<ColumnDef> columns_;
     std::filesystem::path file_;
+    std::string charset_;
     std::vector<Row> rows_;
     bool mappable_ = false;
     std::string coordSys_;

@@ -162,6 +162,7 @@ std::shared_ptr<const MapObject> objectFromGeometry(const OGRGeometry* geometry,
     if (styles.symbol) object->symbol = formatSymbol(*styles.symbol);
     if (object->kind == ObjectKind::Text) {
         object->text = styles.label->text;
+        object->angle = styles.label->angle;
         object->font = formatFont(styles.label->font);
         object->parts = {textBox(object->parts[0][0], *styles.label)};
     }
@@ -184,6 +185,7 @@ OgrShape shapeFromObject(const MapObject& object) {
         const Part& box = parts[0];
         OgrLabel label;
         label.text = object.text;
+        label.angle = object.angle;
         label.height = box.size() > 1 ? std::abs(box[1].y - box[0].y) : 0;
         if (!object.font.empty()) label.font = parseFont(object.font);
         const MapPoint corner{std::min(box.front().x, box.back().x),

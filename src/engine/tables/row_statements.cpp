@@ -9,6 +9,8 @@
 #include "engine/tables/table_language_parts.h"
 
 #include <cctype>
+#include <optional>
+#include <vector>
 
 namespace vellant::engine {
 
@@ -151,9 +153,92 @@ void fetchFrom(Engine& engine, Cursor& cursor) {
     table.currentRow = row;
 }
 
+// Update t Set column = expression [, column = expression ...] [Where RowId = n]
+// Columns by name or number (Col1, COL2); the expressions read the row's own columns. Every
+// row's new values are worked out before any is kept, so an error changes nothing.
+void update(Engine& engine, Cursor& cursor) {
+    Table& table = engine.catalog().get(readTableName(cursor));
+    cursor.expectWord("set");
+    const std::size_t assignments = cursor.mark();
+    // Where RowId = n, found first so that only its row is worked on.
+    std::optional<std::int64_t> onlyRow;
+    int depth = 0;
+    for (std::size_t ahead = 0; !cursor.atEnd(); ++ahead) {
+        const Token& token = cursor.peek(ahead);
+        if (token.kind == Token::Kind::End) break;
+        if (token.kind == Token::Kind::Symbol && token.text == "(") ++depth;
+        if (token.kind == Token::Kind::Symbol && token.text == ")") --depth;
+        if (depth == 0 && cursor.peekWord("where", ahead)) {
+            for (std::size_t i = 0; i <= ahead; ++i)
+                cursor.advance();
+            cursor.expectWord("rowid");
+            cursor.expectSymbol("=");
+            const double row = cursor.numberExpression();
+            cursor.expectEnd();
+            onlyRow = static_cast<std::int64_t>(row);
+            break;
+        }
+    }
+    checkEditable(table);
+
+    std::int64_t row = 0;
+    const NameResolver resolver = [&table, &row](std::string_view name) -> std::optional<MbValue> {
+        if (name == "rowid") return MbValue::integer(static_cast<std::int32_t>(row));
+        if (name == "obj" || name == "object") return MbValue::object(table.object(row));
+        if (const auto column = findColumn(table.columns(), name)) return table.value(row, *column);
+        return std::nullopt;
+    };
+    struct Change {
+        std::int64_t row;
+        std::vector<std::size_t> columns;
+        std::vector<MbValue> values;
+    };
+    std::vector<Change> changes;
+    // t.column in an expression reads the table's current row: the row being updated.
+    struct CurrentRow {
+        Table& table;
+        std::int64_t saved;
+        ~CurrentRow() { table.currentRow = saved; }
+    } current{table, table.currentRow};
+    const std::int64_t first = onlyRow ? *onlyRow : 1;
+    const std::int64_t last = onlyRow ? *onlyRow : table.rowCount();
+    for (row = first; row <= last; ++row) {
+        if (!table.rowExists(row)) continue;
+        cursor.reset(assignments);
+        cursor.setNameResolver(&resolver);
+        table.currentRow = row;
+        Change change{row, {}, {}};
+        try {
+            do {
+                const std::string name = cursor.identifier();
+                const auto column = findColumn(table.columns(), name);
+                if (!column) raiseNoField(name);
+                cursor.expectSymbol("=");
+                change.columns.push_back(*column);
+                // Converted now only to find a value the column cannot keep before any row
+                // changes; the table converts it again as it keeps it.
+                change.values.push_back(
+                    valueForColumn(table.columns()[*column], cursor.expression()));
+            } while (cursor.acceptSymbol(","));
+            if (!cursor.peekWord("where")) cursor.expectEnd();
+        } catch (...) {
+            cursor.setNameResolver(nullptr);
+            throw;
+        }
+        cursor.setNameResolver(nullptr);
+        changes.push_back(std::move(change));
+    }
+    // The Where clause was read before the rows were.
+    while (!cursor.atEnd())
+        cursor.advance();
+    for (Change& change : changes)
+        table.updateRow(change.row, change.columns, std::move(change.values));
+}
+
 } // namespace
 
 void registerRowStatements(Registry& registry) {
+    registry.addStatement({"update"}, update);
     registry.addStatement({"insert"}, insertInto);
     registry.addStatement({"delete"}, deleteFrom);
     registry.addStatement({"fetch"}, fetchFrom);

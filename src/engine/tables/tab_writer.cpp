@@ -1,11 +1,13 @@
 #include "engine/tables/tab_writer.h"
 
+#include "engine/tables/charset.h"
 #include "engine/tables/column_type.h"
 #include "engine/tables/gdal_support.h"
 #include "engine/tables/ogr_object.h"
 #include "engine/tables/table.h"
 #include "engine/tables/table_errors.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cpl_string.h>
 #include <gdal.h>
@@ -103,14 +105,15 @@ void setField(OGRFeatureH feature, int field, const ColumnDef& column, const MbV
 }
 
 // GDAL needs the extent of a non-earth table before it writes it; earth tables have defaults.
+// The clause's own Bounds go to the .MAP header, where MapInfo keeps them (GDAL's reading of
+// the clause drops them).
 std::string nonEarthBounds(const Table& table) {
     const std::string clause = lowered(table.coordSysClause());
-    if (clause.find("nonearth") == std::string::npos ||
-        clause.find("bounds") != std::string::npos) {
-        return {};
-    }
+    if (clause.find("nonearth") == std::string::npos) return {};
     Bounds b{-1000000, -1000000, 1000000, 1000000};
-    if (const std::optional<Bounds> data = table.bounds()) {
+    if (const std::optional<Bounds> given = boundsInClause(table.coordSysClause())) {
+        b = *given;
+    } else if (const std::optional<Bounds> data = table.bounds()) {
         const double marginX = (data->maxX - data->minX) + 1,
                      marginY = (data->maxY - data->minY) + 1;
         b = {data->minX - marginX, data->minY - marginY, data->maxX + marginX,
@@ -118,6 +121,30 @@ std::string nonEarthBounds(const Table& table) {
     }
     return std::to_string(b.minX) + "," + std::to_string(b.minY) + "," + std::to_string(b.maxX) +
            "," + std::to_string(b.maxY);
+}
+
+// The iconv name GDAL recodes the table's text to; "" for none.
+std::string encodingFor(const std::filesystem::path& path, const Table& table,
+                        const std::string& charset) {
+    if (!charset.empty()) {
+        const std::optional<std::string> named = iconvCharsetName(charset);
+        if (!named) raiseCannotWrite(path.string(), "unknown charset " + charset + ".");
+        return *named == "UTF-8" ? std::string() : *named;
+    }
+    std::string text;
+    for (const ColumnDef& column : table.columns())
+        text += column.name;
+    for (std::int64_t row = 1; row <= table.rowCount(); ++row) {
+        if (!table.rowExists(row)) continue;
+        for (std::size_t i = 0; i < table.columns().size(); ++i)
+            if (table.columns()[i].type == kColChar) text += table.value(row, i).asString();
+    }
+    const bool ascii = std::all_of(text.begin(), text.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    if (ascii) return {};
+    for (const std::string& page : windowsCodePages())
+        if (fitsCodePage(text, page)) return page;
+    raiseCannotWrite(path.string(), "its text fits no charset a MapInfo table can hold.");
 }
 
 } // namespace
@@ -129,11 +156,13 @@ void removeTabFiles(const std::filesystem::path& path) {
     }
 }
 
-void writeTabFile(const std::filesystem::path& path, const Table& table) {
+void writeTabFile(const std::filesystem::path& path, const Table& table,
+                  const std::string& charset) {
     ensureGdalRegistered();
     GdalErrorScope quiet;
     GDALDriverH driver = GDALGetDriverByName("MapInfo File");
     if (driver == nullptr) raiseCannotWrite(path.string(), "GDAL has no MapInfo driver.");
+    const std::string encoding = encodingFor(path, table, charset);
     removeTabFiles(path);
     GdalDatasetPtr dataset(GDALCreate(driver, path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
     if (!dataset) {
@@ -146,6 +175,7 @@ void writeTabFile(const std::filesystem::path& path, const Table& table) {
     char** options = nullptr;
     const std::string bounds = table.isMappable() ? nonEarthBounds(table) : std::string();
     if (!bounds.empty()) options = CSLSetNameValue(options, "BOUNDS", bounds.c_str());
+    if (!encoding.empty()) options = CSLSetNameValue(options, "ENCODING", encoding.c_str());
     OGRLayerH layer =
         GDALDatasetCreateLayer(static_cast<GDALDatasetH>(dataset.get()), path.stem().c_str(),
                                static_cast<OGRSpatialReferenceH>(srs.get()),
@@ -186,6 +216,14 @@ void writeTabFile(const std::filesystem::path& path, const Table& table) {
     dataset.reset();
     if (CPLGetLastErrorType() >= CE_Failure) {
         raiseCannotWrite(path.string(), GdalErrorScope::lastMessage("GDAL cannot finish it."));
+    }
+    // GDAL writes a map file for a table without objects too; a .MAP makes a table mappable
+    // when it is read back, and MapInfo writes none for such a table.
+    if (!table.isMappable()) {
+        std::error_code ignored;
+        for (const char* extension : {".map", ".id"})
+            std::filesystem::remove(std::filesystem::path(path).replace_extension(extension),
+                                    ignored);
     }
 }
 

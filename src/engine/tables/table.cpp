@@ -3,10 +3,16 @@
 #include "engine/tables/table_errors.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cctype>
 #include <cstdlib>
 
 namespace vellant::engine {
+
+std::uint64_t Table::nextSerial() {
+    static std::atomic<std::uint64_t> counter{0};
+    return ++counter;
+}
 
 std::optional<Bounds> boundsInClause(std::string_view clause) {
     std::string lower(clause);
@@ -43,6 +49,11 @@ std::int64_t Table::insertRow(std::vector<MbValue> /*values*/,
 }
 
 void Table::deleteRow(std::int64_t /*row*/) {
+    raiseNotEditable(name());
+}
+
+void Table::updateRow(std::int64_t /*row*/, const std::vector<std::size_t>& /*columns*/,
+                      std::vector<MbValue> /*values*/) {
     raiseNotEditable(name());
 }
 

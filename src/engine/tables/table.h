@@ -47,6 +47,8 @@ public:
     virtual std::optional<Bounds> coordSysBounds() const;
     // Whether Insert, Delete and Create Map may change the table.
     virtual bool isEditable() const { return false; }
+    // A seamless TAB, a table of tables (TableInfo 24).
+    virtual bool isSeamless() const { return false; }
 
     // Row access, rows from 1. The object of a row without one is nullptr. A row that does not
     // exist (deleted, or past the end) has no object and blank values.
@@ -63,6 +65,9 @@ public:
                                    std::shared_ptr<const MapObject> object);
     // Deleted rows keep their numbers (no Pack), so later rows keep theirs.
     virtual void deleteRow(std::int64_t row);
+    // Update: the row's values of some columns replaced; raises as insertRow does.
+    virtual void updateRow(std::int64_t row, const std::vector<std::size_t>& columns,
+                           std::vector<MbValue> values);
     // Delete Object: the row stays, without its object.
     virtual void deleteObject(std::int64_t row);
     // Create Map: adds the object column in the given CoordSys clause.
@@ -84,6 +89,23 @@ public:
 
     // The row Fetch moved to; 0 before the first fetch, rowCount() + 1 past the end (EOT).
     std::int64_t currentRow = 0;
+
+    // A number of this table object's own, never given to another in the process: what is
+    // kept about a table (a map's geometry) must not be taken for a later table that happens
+    // to live at the same address.
+    std::uint64_t serial() const { return serial_; }
+    // Counts the changes to rows and objects (insert, delete, Create Map, commit), so that
+    // what is kept about the table knows when it is stale.
+    std::uint64_t revision() const { return revision_; }
+
+protected:
+    // A table that edits calls this after each change to its rows or objects.
+    void rowsChanged() { ++revision_; }
+
+private:
+    static std::uint64_t nextSerial();
+    std::uint64_t serial_ = nextSerial();
+    std::uint64_t revision_ = 0;
 };
 
 // The "Bounds (x1, y1) (x2, y2)" part of a CoordSys clause; nullopt when it has none.

@@ -127,7 +127,7 @@ MbValue tableInfo(Engine& engine, Table& table, int code) {
     case 23:
         return boundsPart(table.bounds(), code - 20);
     case 24:
-        return MbValue::logical(false);
+        return MbValue::logical(table.isSeamless());
     case 25:
     case 26:
     case 27:

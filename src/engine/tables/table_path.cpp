@@ -18,7 +18,10 @@ bool sameIgnoringCase(const std::string& a, const std::string& b) {
     return true;
 }
 
-// The entry of folder whose name equals name in any letter case.
+// The entry of folder whose name equals name in any letter case. The exact name wins; where
+// several differ from it only in letter case ("World.TAB" and "WORLD.tab" copied side by side
+// from a Windows share), the first in sorted order is taken, whatever order the folder lists
+// them in, so that the same workspace always opens the same file.
 std::optional<std::filesystem::path> entryIgnoringCase(const std::filesystem::path& folder,
                                                        const std::string& name) {
     std::error_code error;
@@ -26,12 +29,14 @@ std::optional<std::filesystem::path> entryIgnoringCase(const std::filesystem::pa
     if (std::filesystem::exists(exact, error)) return exact;
     std::filesystem::directory_iterator entries(folder.empty() ? "." : folder, error);
     if (error) return std::nullopt;
+    std::optional<std::string> first;
     for (const auto& entry : entries) {
-        if (sameIgnoringCase(entry.path().filename().string(), name)) {
-            return folder / entry.path().filename();
-        }
+        std::string candidate = entry.path().filename().string();
+        if (sameIgnoringCase(candidate, name) && (!first || candidate < *first))
+            first = std::move(candidate);
     }
-    return std::nullopt;
+    if (!first) return std::nullopt;
+    return folder / *first;
 }
 
 } // namespace
@@ -72,8 +77,11 @@ std::optional<std::filesystem::path> findFileIgnoringCase(const std::filesystem:
 std::string defaultTableName(const std::filesystem::path& file) {
     std::string name = file.stem().string();
     // A MapBasic name holds letters, digits and underscores and does not start with a digit.
+    // Letters include those of other alphabets ("Города" from a Cyrillic Windows), whose UTF-8
+    // bytes are all above 0x7f.
     for (char& c : name) {
-        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '_') c = '_';
+        const auto byte = static_cast<unsigned char>(c);
+        if (!std::isalnum(byte) && c != '_' && byte < 0x80) c = '_';
     }
     if (name.empty() || std::isdigit(static_cast<unsigned char>(name[0]))) name = "_" + name;
     return name;

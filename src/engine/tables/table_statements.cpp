@@ -4,6 +4,7 @@
 #include "engine/lang/cursor.h"
 #include "engine/lang/registry.h"
 #include "engine/tables/catalog.h"
+#include "engine/tables/charset.h"
 #include "engine/tables/column_type.h"
 #include "engine/tables/memory_table.h"
 #include "engine/tables/table_errors.h"
@@ -115,6 +116,7 @@ void createTable(Engine& engine, Cursor& cursor) {
     } while (cursor.acceptSymbol(","));
     cursor.expectSymbol(")");
     std::filesystem::path file;
+    std::string charset;
     while (!cursor.atEnd()) {
         if (cursor.acceptWord("file")) {
             file = tablePathFromText(cursor.stringExpression());
@@ -123,14 +125,17 @@ void createTable(Engine& engine, Cursor& cursor) {
                 cursor.syntaxError("Native or DBF");
             }
         } else if (cursor.acceptWord("charset")) {
-            cursor.stringExpression();
+            charset = cursor.stringExpression();
+            if (!iconvCharsetName(charset))
+                raiseMb(kMbSyntax, "Unrecognized charset: " + charset + ".");
         } else if (cursor.acceptWord("version")) {
             cursor.numberExpression();
         } else {
             cursor.syntaxError();
         }
     }
-    engine.catalog().add(std::make_unique<MemoryTable>(name, std::move(columns), file));
+    engine.catalog().add(
+        std::make_unique<MemoryTable>(name, std::move(columns), file, std::move(charset)));
 }
 
 void dropTable(Engine& engine, Cursor& cursor) {

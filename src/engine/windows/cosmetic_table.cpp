@@ -55,6 +55,7 @@ std::int64_t CosmeticTable::insertRow(std::vector<MbValue> /*values*/,
     if (!object) raiseMb(kMbCmdNotSupported, "Table " + name() + " takes only objects.");
     map_.cosmeticObjects.push_back(std::move(object));
     edited = true;
+    rowsChanged();
     return rowCount();
 }
 
@@ -65,6 +66,7 @@ void CosmeticTable::deleteRow(std::int64_t row) {
     // table until it is packed.
     map_.cosmeticObjects[static_cast<std::size_t>(row - 1)].reset();
     edited = true;
+    rowsChanged();
 }
 
 void CosmeticTable::deleteObject(std::int64_t row) {

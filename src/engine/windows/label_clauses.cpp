@@ -3,6 +3,7 @@
 #include "engine/lang/style_clause.h"
 #include "engine/mb_error.h"
 #include "engine/tables/catalog.h"
+#include "engine/tables/column_type.h"
 #include "engine/windows/label_position.h"
 #include "engine/windows/set_map_parts.h"
 #include "engine/windows/table_layer.h"
@@ -83,16 +84,11 @@ void checkLabelExpression(Cursor& cursor, const Layer& layer, const std::string&
         if (name == "obj" || name == "object") {
             return MbValue::object(row == 0 ? nullptr : table->object(row));
         }
-        const auto& columns = table->columns();
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            std::string lower = columns[i].name;
-            for (char& c : lower)
-                c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-            if (lower != name) continue;
-            if (row == 0) return MbValue::string("");
-            return table->value(row, i);
-        }
-        return std::nullopt;
+        // By name or by number (Col1, COL2), as the labels are drawn.
+        const std::optional<std::size_t> column = findColumn(table->columns(), name);
+        if (!column) return std::nullopt;
+        if (row == 0) return MbValue::string("");
+        return table->value(row, *column);
     };
     Cursor check(engine, text, tokenize(text));
     check.setNameResolver(&resolver);

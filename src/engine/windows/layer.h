@@ -93,6 +93,8 @@ struct Layer {
     std::string hotlinkExpression;
     int hotlinkMode = 0;
     bool hotlinkRelative = false;
+    // A thematic layer's Shade statement from With to the end, as written.
+    std::string thematicClauses;
     bool operator==(const Layer&) const = default;
 };
 

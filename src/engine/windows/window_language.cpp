@@ -12,6 +12,7 @@ void registerWindowLanguage(Registry& registry) {
     registerMapperInfo(registry);
     registerWindowInfo(registry);
     registerWindowFunctions(registry);
+    registerThematicStatements(registry);
 }
 
 } // namespace vellant::engine

@@ -7,6 +7,10 @@
 #include "engine/windows/window_manager.h"
 #include "engine/workspace/workspace_format.h"
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 namespace vellant::engine {
 
 namespace {
@@ -188,10 +192,30 @@ std::string windowWorkspaceText(Engine& engine, const Window& window,
         return text + windowClauses(window);
     }
     const MapState& map = *window.map;
+    const auto layer = [&map](int n) -> const Layer& {
+        return map.layers[static_cast<std::size_t>(n - 1)];
+    };
+    const auto isThematic = [&](int n) { return layer(n).kind == LayerKind::Thematic; };
+    // Map From names the tables; thematic layers are made after it by Shade, each above the
+    // layer it shades (the nearest other layer below it), and go with that layer.
+    std::vector<int> kept, tablesLayers, thematic;
+    for (std::size_t i = 0; i < keptLayers.size(); ++i) {
+        const int n = keptLayers[i];
+        if (isThematic(n)) {
+            bool shaded = false;
+            for (std::size_t k = i + 1; k < keptLayers.size() && !shaded; ++k)
+                shaded = !isThematic(keptLayers[k]);
+            if (!shaded) continue;
+            thematic.push_back(n);
+        } else {
+            tablesLayers.push_back(n);
+        }
+        kept.push_back(n);
+    }
     std::string tables;
-    for (int n : keptLayers) {
+    for (int n : tablesLayers) {
         if (!tables.empty()) tables += ",";
-        tables += map.layers[static_cast<std::size_t>(n - 1)].name;
+        tables += layer(n).name;
     }
     // A map of no layers cannot be made with Map From; its view and window still are written
     // after a Map From of nothing, which the host refuses, as it refuses to save such a map.
@@ -200,9 +224,36 @@ std::string windowWorkspaceText(Engine& engine, const Window& window,
     const std::string& units = map.distanceUnits;
     text += "Set Map\n";
     int written = 0;
-    for (int n : keptLayers)
-        text += layerClauses(map.layers[static_cast<std::size_t>(n - 1)], ++written, units);
+    for (int n : tablesLayers)
+        text += layerClauses(layer(n), ++written, units);
     text += layerClauses(map.cosmetic, 0, units);
+    if (!thematic.empty()) {
+        // Shade puts a thematic layer directly above the layer it shades. So the layers shaded
+        // are taken from the bottom one up, each with its thematic layers from the top one
+        // down; the number of the layer shaded is the one it has among those made so far.
+        std::vector<std::pair<int, int>> shades; // (layer shaded, thematic layer)
+        for (int t : thematic)
+            shades.emplace_back(*std::find_if(kept.begin(), kept.end(),
+                                              [&](int n) { return n > t && !isThematic(n); }),
+                                t);
+        std::sort(shades.begin(), shades.end(), [](const auto& a, const auto& b) {
+            return a.first != b.first ? a.first > b.first : a.second < b.second;
+        });
+        std::vector<int> made = tablesLayers;
+        for (const auto& [shaded, t] : shades) {
+            const auto number =
+                1 + std::count_if(made.begin(), made.end(), [&](int n) { return n < shaded; });
+            std::string clauses;
+            for (char c : layer(t).thematicClauses)
+                clauses += c == '\n' ? std::string("\n  ") : std::string(1, c);
+            text += "Shade " + std::to_string(number) + " " + clauses + "\n";
+            made.push_back(t);
+        }
+        text += "Set Map\n";
+        for (std::size_t i = 0; i < kept.size(); ++i)
+            if (isThematic(kept[i]))
+                text += layerClauses(layer(kept[i]), static_cast<int>(i + 1), units);
+    }
     return text + windowClauses(window);
 }
 

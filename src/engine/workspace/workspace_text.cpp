@@ -59,8 +59,10 @@ void readHeaderLine(std::string_view line, int lineNumber, WorkspaceText& worksp
     const std::string_view rest = line.substr(wordEnd);
     if (word == "version")
         workspace.version = readVersion(rest, lineNumber);
-    else if (word == "charset")
+    else if (word == "charset") {
         workspace.charset = std::string(trimmed(rest));
+        workspace.charsetLine = lineNumber;
+    }
     // Other "!" lines carry nothing the host acts on.
 }
 

@@ -23,6 +23,7 @@ struct WorkspaceStatement {
 struct WorkspaceText {
     int version = 0;     // !Version; 0 when the header has none
     std::string charset; // !Charset; empty when the header has none
+    int charsetLine = 0; // where the !Charset line is
     std::vector<WorkspaceStatement> statements;
 };
 

@@ -5,6 +5,7 @@
 #include "engine/tables/catalog.h"
 #include "engine/windows/window_manager.h"
 #include "engine/windows/window_workspace.h"
+#include "engine/workspace/workspace_charset.h"
 #include "engine/workspace/workspace_format.h"
 
 #include <fstream>
@@ -35,7 +36,9 @@ public:
         WindowManager& windows = engine_.windows();
         const std::vector<int> ids = windows.ids();
         const int front = windows.frontWindow();
-        const bool frontIsLast = !ids.empty() && ids.back() == front;
+        const std::vector<std::string>& kept = engine_.settings().keptWorkspaceText;
+        // Windows kept as text open after the shown ones and would take the front.
+        const bool frontIsLast = !ids.empty() && ids.back() == front && kept.empty();
         for (int id : ids) {
             if (!writeWindow(windows.get(id))) continue;
             if (id == front && !frontIsLast) {
@@ -44,9 +47,15 @@ public:
                 frontSaved_ = true;
             }
         }
+        for (const std::string& block : kept)
+            out_.text += block;
         if (frontSaved_)
             out_.text += std::string("Set Window ") + kFrontVariable + " Front\nUndim " +
                          kFrontVariable + "\n";
+        // The engine's text is UTF-8; the header says so once anything is not plain ASCII.
+        const std::string neutral = "!Charset Neutral\n";
+        out_.text.replace(out_.text.find(neutral), neutral.size(),
+                          "!Charset " + charsetForText(out_.text) + "\n");
         return std::move(out_);
     }
 

@@ -6,6 +6,9 @@
 // those that differ from the host's defaults, so a later change of a default cannot change
 // what a saved workspace shows.
 //
+// The statements of windows the engine keeps but does not show (layouts, legends, graphs) are
+// written back as the workspace they came from had them, after the shown windows.
+//
 // What a workspace cannot hold is left out and named in the answer: tables without a file
 // (query results), their layers, and maps left with no layer; objects in cosmetic layers, as
 // the host leaves them out too (they are saved as a table, not in the workspace). Map centres

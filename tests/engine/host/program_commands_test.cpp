@@ -1094,8 +1094,7 @@ std::vector<Row> styleStrings() {
              char magic[2] = {};
              file.read(magic, 2);
              EXPECT_EQ(std::string(magic, 2), "BM");
-         },
-         "the renderer (Save Window)"},
+         }},
         {"exportfeaturesample",
          Via::Do,
          "Delete from vlstyle",

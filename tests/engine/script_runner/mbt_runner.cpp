@@ -9,6 +9,8 @@
 //   !> <code> [message]    after a statement or an "= expression": the MbError it must raise,
 //                          its code and, when given, its exact message
 //   @tables                writes the standard GDAL test tables into $TMP
+//   @copy <name>           copies tests/engine/data/<name> (a file, or a folder's files) into
+//                          $TMP, byte for byte, so that a workspace and its tables sit together
 // "$TMP" anywhere in a line is replaced by a fresh temporary folder, removed at the end.
 
 #include "app/sample_tables/sample_tables.h"
@@ -104,6 +106,7 @@ private:
             vellant::samples::writeSampleTables(tmp_);
             return true;
         }
+        if (startsWith(line.text, "@copy ")) return copyData(line, trimmed(line.text.substr(6)));
         if (startsWith(line.text, "->") || startsWith(line.text, "!>")) {
             return fail(line, "an expectation must follow a statement or an \"= expression\"");
         }
@@ -134,6 +137,17 @@ private:
         if (outcome.text != wanted) {
             return fail(line, "expected [" + wanted + "]\n  got      [" + outcome.text + "]");
         }
+        return true;
+    }
+
+    bool copyData(const Line& line, const std::string& name) {
+        const std::filesystem::path data =
+            std::filesystem::path(file_).parent_path().parent_path() / "data" / name;
+        std::error_code error;
+        const auto options = std::filesystem::copy_options::recursive |
+                             std::filesystem::copy_options::overwrite_existing;
+        std::filesystem::copy(data, tmp_, options, error);
+        if (error) return fail(line, "cannot copy " + data.string() + ": " + error.message());
         return true;
     }
 
