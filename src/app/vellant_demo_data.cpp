@@ -1,8 +1,10 @@
-// vellant-demo-data DIR: writes the demo tables (made with GDAL) and the demo workspace
-// demo.wor into DIR. Exit status 0 when all was written, 2 for a wrong call, 1 when a file
-// could not be written.
+// vellant-demo-data DIR: writes the demo tables (made with GDAL) and the two demo workspaces
+// into DIR: demo.wor (every kind of layer, what the replay runs) and world.wor (the world map
+// the desktop opens). Prints their paths. Exit status 0 when all was written, 2 for a wrong
+// call, 1 when a file could not be written.
 
 #include "app/sample_tables/demo_data.h"
+#include "app/sample_tables/world_demo.h"
 
 #include <exception>
 #include <iostream>
@@ -14,6 +16,7 @@ int main(int argc, char** argv) {
     }
     try {
         std::cout << vellant::samples::writeDemoData(argv[1]) << '\n';
+        std::cout << vellant::samples::writeWorldDemo(argv[1]) << '\n';
     } catch (const std::exception& e) {
         std::cerr << "vellant-demo-data: " << e.what() << '\n';
         return 1;
