@@ -240,7 +240,9 @@ std::string windowWorkspaceText(Engine& engine, const Window& window,
             return a.first != b.first ? a.first > b.first : a.second < b.second;
         });
         std::vector<int> made = tablesLayers;
-        for (const auto& [shaded, t] : shades) {
+        for (const auto& [shadedLayer, t] : shades) {
+            // Clang before 16 does not let a lambda capture a structured binding.
+            const int shaded = shadedLayer;
             const auto number =
                 1 + std::count_if(made.begin(), made.end(), [&](int n) { return n < shaded; });
             std::string clauses;
