@@ -83,11 +83,8 @@ LayerForm::LayerForm(std::string name, platform::Toolkit& toolkit)
                            kToggleStatusTwips, kToggleStatusTwips});
     }
 
-    OK.setToolTipText("Accept Vellant changes");
-    MapImmediate.setCaption("Immediate");
-    MapImmediate.setToolTipText("Make map changes immediately");
-    map_bounds.setCaption("Bounds");
-    map_bounds.setToolTipText("Show layer bounds and zoom to entire mapper");
+    designButtons();
+    designMapPanel();
 
     layers_popup.setCaption("Layers");
     Expand_Row.setCaption("Expand row height to fit");
@@ -125,6 +122,76 @@ void LayerForm::addImage(const std::string& name, int widthTwips, int heightTwip
     images_.push_back(std::move(image));
 }
 
+// Design geometry in twips. Children of a frame are placed relative to it; the layout of
+// the form moves the frames, never their contents.
+void LayerForm::designButtons() {
+    Buttonframe.Move(0, 0, 1500, 3000);
+    OK.Move(60, 60, 1380, 420);
+    OK.setCaption("OK");
+    OK.setToolTipText("Accept Vellant changes");
+    Cancel.Move(60, 540, 1380, 420);
+    Cancel.setToolTipText("Exit without changes");
+    MapImmediate.Move(60, 1020, 1380, 300);
+    MapImmediate.setCaption("Immediate");
+    MapImmediate.setToolTipText("Make map changes immediately");
+    Docked.Move(60, 1350, 1380, 300);
+    Docked.setCaption("Docked");
+    RedrawMAP.Move(60, 1680, 1380, 300);
+    RedrawMAP.setCaption("Redraw");
+    RedrawMAP.setToolTipText("Turn map drawing on/off");
+    RedrawMAP.setValue(1);
+    RedrawNOW.Move(60, 2040, 660, 420);
+    RedrawNOW.setToolTipText("Refresh Vellant grid");
+    Info.Move(780, 2040, 660, 420);
+    Info.setToolTipText("Vellant Information");
+    Feedback.Move(60, 2520, 1380, 360);
+    Feedback.setCaption("Report a Problem");
+    Feedback.setToolTipText("Prepare a mail about a problem with Vellant");
+    msg.Move(0, 0, 3000, 300);
+}
+
+void LayerForm::designMapPanel() {
+    Mapframe.Move(120, 0, 5400, 3300);
+    Mapframe.setCaption("Layer settings view");
+    MapInfoFrame.Move(480, 240, 4800, 2940);
+    MapInfoframe2.Move(0, 0, 480, 240);
+    MapInfoframe2.setVisible(false);
+
+    MapPropsFrame.Move(0, 0, 2400, 3300);
+    MapbyCaption.Move(120, 240, 2160, 240);
+    MapbyCaption.setCaption("Zoom by");
+    Map_custom.Move(120, 540, 2160, 270);
+    Map_custom.setCaption("Custom");
+    Map_SameScale.Move(120, 840, 2160, 270);
+    Map_SameScale.setCaption("Scale");
+    Map_SameScale.setToolTipText("Zoom by original map scale");
+    map_samezoom.Move(120, 1140, 2160, 270);
+    map_samezoom.setCaption("Zoom");
+    map_samezoom.setToolTipText("Zoom by original map zoom width");
+    ScaleUnits.Move(120, 1500, 2160, 240);
+    ScaleUnits.setToolTipText("Scale is shown in form paperunits:mapunits");
+    ZoomWidth.Move(120, 1800, 2160, 240);
+    ZoomWidth.setToolTipText("Zoom width of displayed map");
+    ZoomScale.Move(120, 2100, 2160, 240);
+    ZoomScale.setToolTipText("Scale of displayed map");
+    map_bounds.Move(120, 2460, 2160, 300);
+    map_bounds.setCaption("Bounds");
+    map_bounds.setToolTipText("Show layer bounds and zoom to entire mapper");
+
+    // The tools show only while the option "Custom" is chosen.
+    MapButtonFrame.Move(0, 0, 420, 1560);
+    int top = 0;
+    for (platform::Control* tool : {&SelectTool, &Pan, &ZoomIn, &ZoomOut}) {
+        tool->Move(30, top, 360, 360);
+        tool->setVisible(false);
+        top += 390;
+    }
+    SelectTool.setToolTipText("Select");
+    Pan.setToolTipText("Grabber");
+    ZoomIn.setToolTipText("Zoom in");
+    ZoomOut.setToolTipText("Zoom out");
+}
+
 platform::Control& LayerForm::imageControl(const std::string& name) {
     for (auto& image : images_)
         if (image->Name() == name) return *image;
@@ -133,14 +200,33 @@ platform::Control& LayerForm::imageControl(const std::string& name) {
 
 void LayerForm::registerAll() {
     const std::initializer_list<platform::Control*> singles = {&LyrGrid,
+                                                               &Buttonframe,
                                                                &OK,
                                                                &Cancel,
                                                                &Docked,
                                                                &MapImmediate,
-                                                               &map_bounds,
+                                                               &RedrawMAP,
+                                                               &RedrawNOW,
+                                                               &Info,
+                                                               &Feedback,
+                                                               &msg,
+                                                               &Mapframe,
                                                                &MapInfoFrame,
+                                                               &MapInfoframe2,
+                                                               &MapPropsFrame,
+                                                               &MapbyCaption,
+                                                               &Map_custom,
+                                                               &Map_SameScale,
+                                                               &map_samezoom,
+                                                               &ScaleUnits,
                                                                &ZoomWidth,
                                                                &ZoomScale,
+                                                               &map_bounds,
+                                                               &MapButtonFrame,
+                                                               &SelectTool,
+                                                               &Pan,
+                                                               &ZoomIn,
+                                                               &ZoomOut,
                                                                &Group_selected,
                                                                &Ungroup_layers,
                                                                &View_Entire,

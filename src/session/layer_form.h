@@ -33,15 +33,41 @@ public:
 
     platform::FlexGrid LyrGrid{"LyrGrid"};
 
+    // The buttons at the grid's right, in their frame.
+    platform::Control Buttonframe{"Buttonframe"};
     platform::Control OK{"OK"};
     platform::Control Cancel{"Cancel"};
     platform::Control Docked{"Docked"};
     platform::Control MapImmediate{"MapImmediate"};
-    platform::Control map_bounds{"map_bounds"};
+    platform::Control RedrawMAP{"RedrawMAP"};
+    platform::Control RedrawNOW{"RedrawNOW"};
+    platform::Control Info{"Info"};
+    // Opens the problem report.
+    platform::Control Feedback{"Feedback"};
+    // A line of text for the user, beside the buttons.
+    platform::Control msg{"msg"};
+
+    // The map panel under the grid: the view map in its frame, the zoom options and captions
+    // beside it, and the strip of map tools at the left.
+    platform::Control Mapframe{"Mapframe"};
     // The frame the view map window is a child of.
     platform::Control MapInfoFrame{"MapInfoFrame"};
+    // The picture box the window of style samples is a child of; never shown.
+    platform::Control MapInfoframe2{"MapInfoframe2"};
+    platform::Control MapPropsFrame{"MapPropsFrame"};
+    platform::Control MapbyCaption{"MapbyCaption"};
+    platform::Control Map_custom{"Map_custom"};
+    platform::Control Map_SameScale{"Map_SameScale"};
+    platform::Control map_samezoom{"map_samezoom"};
+    platform::Control ScaleUnits{"ScaleUnits"};
     platform::Control ZoomWidth{"ZoomWidth"};
     platform::Control ZoomScale{"ZoomScale"};
+    platform::Control map_bounds{"map_bounds"};
+    platform::Control MapButtonFrame{"MapButtonFrame"};
+    platform::Control SelectTool{"SelectTool"};
+    platform::Control Pan{"Pan"};
+    platform::Control ZoomIn{"ZoomIn"};
+    platform::Control ZoomOut{"ZoomOut"};
 
     // Pictures beside and above the grid.
     platform::ControlArray<platform::Control> ToggleStatusPic{"ToggleStatusPic", 0, 3};
@@ -86,6 +112,9 @@ protected:
 
 private:
     void addImage(const std::string& name, int widthTwips, int heightTwips);
+    // Design places and texts of the buttons and the map panel.
+    void designButtons();
+    void designMapPanel();
     void registerAll();
     // OK, Cancel, Docked and MapImmediate reach the session's procedures.
     void wireButtons();
