@@ -157,7 +157,7 @@ void wireLayerGrid(session::LayerForm& form, bool docked) {
         withSession(form, [](Session& s) { prefs::save_user_position_click(s); });
     form.self_test.onClick = withSession(form, [](Session& s) { selftestclick(s); });
     // Remove_layer, Add_Layer and View_Entire act on the map's layers; their handlers join with
-    // those operations. VL_on_top and show_MI_statusbar join with the window's placement.
+    // those operations. The window's items are the form's own (session/form_events.cpp).
 }
 
 } // namespace vellant::interaction

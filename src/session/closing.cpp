@@ -14,6 +14,8 @@
 #include "prefs/settings.h"
 #include "session/attach.h"
 #include "session/session.h"
+#include "support/vl_feedback.h"
+#include "support/vl_info.h"
 
 namespace vellant::session {
 
@@ -157,13 +159,18 @@ void shutdown(Session& s) {
     }
     s.releaseHostObjects();
     prefs::closelog(s);
-    // The cell editor, the information form and the feedback form are unloaded here too, once
-    // they exist. A picker that was never made has nothing to unload.
+    // A form that was never made has nothing to unload.
     next([&] {
         if (s.gEditCell) s.gEditCell->Unload();
     });
     next([&] {
+        if (s.gInfoForm) s.gInfoForm->Unload();
+    });
+    next([&] {
         if (s.gLabelOrient) s.gLabelOrient->Unload();
+    });
+    next([&] {
+        if (s.gFeedbackForm) s.gFeedbackForm->Unload();
     });
     next([&] { s.layerForm().Hide(); });
 }

@@ -5,6 +5,8 @@
 #include "session/form_load.h"
 #include "session/layer_form.h"
 #include "session/session.h"
+#include "session/window_settings.h"
+#include "support/support_buttons.h"
 
 namespace vellant::session {
 
@@ -22,6 +24,21 @@ void LayerForm::wireButtons() {
     Cancel.onClick = [this] { Cancel_Click(); };
     Docked.onClick = [this] { Docked_Click(); };
     MapImmediate.onClick = [this] { MapImmediate_Click(); };
+    Info.onClick = [this] {
+        if (session) support::Info_Click(*session);
+    };
+    Feedback.onClick = [this] {
+        if (session) support::Feedback_Click(*session);
+    };
+    VL_on_top.onClick = [this] {
+        if (session) vl_on_top(*session);
+    };
+    show_MI_statusbar.onClick = [this] { show_MI_statusbar_click(); };
+    // What the user did in the view map shows in the panel's captions.
+    for (platform::Control* frame : {&MapInfoFrame, &Mapframe})
+        frame->onClick = [this] {
+            if (session) captionsFollowViewZoom(*session);
+        };
 }
 
 void LayerForm::Form_Unload(bool& /*cancel*/) {
@@ -66,6 +83,10 @@ void vlLayerControl::MapImmediate_Click() {
     changeImmediate(true);
 }
 
+void vlLayerControl::show_MI_statusbar_click() {
+    if (session) session::show_MI_statusbar_click(*session);
+}
+
 void vlLayerDocked::Form_Load() {
     if (session) vlLayerDocked_Load(*session, *this);
 }
@@ -88,6 +109,10 @@ void vlLayerDocked::Docked_Click() {
 
 void vlLayerDocked::MapImmediate_Click() {
     changeImmediate(session && session->gFormReady);
+}
+
+void vlLayerDocked::show_MI_statusbar_click() {
+    if (session) showMIstatusbar(*session);
 }
 
 } // namespace vellant::session

@@ -21,6 +21,7 @@
 #include "session/layer_form.h"
 #include "session/mi_callback.h"
 #include "session/session.h"
+#include "session/window_settings.h"
 
 namespace vellant::session {
 
@@ -121,6 +122,14 @@ void fillGrid(Session& s, LayerForm& form) {
     }
 }
 
+// A docked session keeps MapInfo's status bar as the user wants it: the check is set against
+// the setting, and the form's handler turns both back and tells MapInfo.
+void restoreStatusBar(Session& s, LayerForm& form) {
+    if (!s.gIsMapInfo || !s.gDocked) return;
+    form.show_MI_statusbar.setChecked(!s.gShowMIStatusbar);
+    form.show_MI_statusbar_click();
+}
+
 } // namespace
 
 void vlLayerControl_Load(Session& s, vlLayerControl& form) {
@@ -142,12 +151,13 @@ void vlLayerControl_Load(Session& s, vlLayerControl& form) {
                 finishAttachment(s, form, kFloatingPad, true);
             }
             fillGrid(s, form);
+            form.Resize_LayerForm();
             grid::setcolglyph(s, 0, false);
             s.toolkit.SetForegroundWindow(form.hWnd());
-            if (s.gIsMapInfo) {
-                send(s, "Set Map Window " + Str(s.gViewWin) + " redraw on");
-                if (!s.gImmediate) send(s, "Set Map Window " + Str(s.gMapWin) + " redraw on");
-            }
+            if (s.gIsMapInfo) send(s, "Set Map Window " + Str(s.gViewWin) + " redraw on");
+            restoreStatusBar(s, form);
+            if (s.gIsMapInfo && !s.gImmediate)
+                send(s, "Set Map Window " + Str(s.gMapWin) + " redraw on");
             s.gFormReady = kTrue;
             s.gMapChanged = kFalse;
             form.Show(platform::vbModal);
@@ -178,14 +188,23 @@ void vlLayerDocked_Load(Session& s, vlLayerDocked& form) {
             fillGrid(s, form);
             grid::setcolglyph(s, 0, false);
             s.toolkit.SetForegroundWindow(form.hWnd());
+            restoreStatusBar(s, form);
             // Unlike the floating form this one never lets the user's map draw again, so a
             // cancelled docked session leaves that map frozen.
             if (viewMap) send(s, "Set Map Window " + Str(s.gViewWin) + " redraw on");
             s.gMapChanged = kFalse;
-            // The window order and the first fit to MapInfo's edge come here, once the docked
-            // layout exists.
+            // The window order takes effect: the check is set against the setting, and the
+            // handler turns both back.
+            form.VL_on_top.setChecked(!s.gOnTop);
+            vl_on_top(s);
+            // The layout does nothing until the form is ready; its first run puts the form on
+            // MapInfo's bottom edge.
+            s.gResizing = kTrue;
             s.gFormReady = kTrue;
+            form.Resize_LayerForm();
+            s.gResizing = kFalse;
             form.Timer1.setEnabled(true);
+            s.gDockedFormHeight = 0;
             form.Show(platform::vbModal);
         },
         [&](const RuntimeError& e) {

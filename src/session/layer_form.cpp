@@ -83,6 +83,7 @@ LayerForm::LayerForm(std::string name, platform::Toolkit& toolkit)
                            kToggleStatusTwips, kToggleStatusTwips});
     }
 
+    designForm();
     designButtons();
     designMapPanel();
 
@@ -124,6 +125,16 @@ void LayerForm::addImage(const std::string& name, int widthTwips, int heightTwip
 
 // Design geometry in twips. Children of a frame are placed relative to it; the layout of
 // the form moves the frames, never their contents.
+void LayerForm::designForm() {
+    Move(1200, 1200, 12000, 8400);
+    // Room at the grid's left for the toggle status picture, and above it for the column
+    // group glyphs. The docked layout takes the grid's left from the first status picture,
+    // so that one starts where the grid does.
+    LyrGrid.Move(540, 360, 9000, 3600);
+    ToggleStatusPic(0).setLeft(LyrGrid.Left());
+    ToggleStatusPic(0).setTop(LyrGrid.Top());
+}
+
 void LayerForm::designButtons() {
     Buttonframe.Move(0, 0, 1500, 3000);
     OK.Move(60, 60, 1380, 420);
@@ -268,6 +279,7 @@ vlLayerDocked::vlLayerDocked(platform::Toolkit& toolkit) : LayerForm("vlLayerDoc
     interaction::wireLayerGrid(*this, true);
     // The timer is switched on at the end of Form_Load, when the form is ready.
     Timer1.setEnabled(false);
+    Timer1.onTimer = [this] { Timer1_Timer(); };
 }
 
 // Form_Load, Form_Unload and the buttons run the session's procedures; form_events.cpp holds

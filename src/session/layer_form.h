@@ -30,6 +30,11 @@ public:
     // and the immediate setting is silent in a docked form that is still loading.
     virtual void Docked_Click() = 0;
     virtual void MapImmediate_Click() = 0;
+    // Lays the form out: the floating form from the grid's content, the docked form on the
+    // bottom edge of MapInfo's main window. Safe to run any number of times in a row.
+    virtual void Resize_LayerForm() = 0;
+    // The status bar item: the docked form acts only on the MapInfo host.
+    virtual void show_MI_statusbar_click() = 0;
 
     platform::FlexGrid LyrGrid{"LyrGrid"};
 
@@ -112,7 +117,8 @@ protected:
 
 private:
     void addImage(const std::string& name, int widthTwips, int heightTwips);
-    // Design places and texts of the buttons and the map panel.
+    // Design places and texts of the form, the grid, the buttons and the map panel.
+    void designForm();
     void designButtons();
     void designMapPanel();
     void registerAll();
@@ -129,6 +135,8 @@ public:
     void Cancel_Click() override;
     void Docked_Click() override;
     void MapImmediate_Click() override;
+    void Resize_LayerForm() override;
+    void show_MI_statusbar_click() override;
 
 protected:
     void Form_Load() override;
@@ -141,6 +149,10 @@ public:
     void Cancel_Click() override;
     void Docked_Click() override;
     void MapImmediate_Click() override;
+    void Resize_LayerForm() override;
+    void show_MI_statusbar_click() override;
+    // The timer notices a drag of the form's edge and puts the form back on MapInfo's edge.
+    void Timer1_Timer();
 
 protected:
     void Form_Load() override;

@@ -8,6 +8,7 @@
 #include "prefs/settings.h"
 #include "session/closing.h"
 #include "session/session.h"
+#include "session/window_settings.h"
 
 namespace vellant::session {
 
@@ -42,7 +43,7 @@ void MICallback::RunCommand(const std::string& command) {
             if (!s.gMBGlobals) raiseError(kErrObjectNotSet);
             const std::string advice = LCase(s.gMBGlobals->MBGlobals("VLadvice").Value());
             if (advice == "resize") {
-                // The docked form fits itself to MapInfo here, once its layout exists.
+                s.layerForm().Resize_LayerForm();
             } else if (advice == "style") {
                 s.mapInfoApp().Do("Set Application Window 0");
                 s.gFormReady = kTrue;
@@ -63,7 +64,7 @@ void MICallback::WindowContentsChanged(std::int32_t windowId) {
     onErrorGoTo(
         [&] {
             if (!s.gFormReady) return;
-            // The panel's captions follow the view's zoom here, once the panel exists.
+            captionsFollowViewZoom(s);
             if (s.gImmediate && windowId == s.gMapWin) s.gMapChanged = kTrue;
         },
         [&](const RuntimeError& e) {

@@ -4,6 +4,8 @@
 #include "interaction/edit_cell.h"
 #include "interaction/label_orientation.h"
 #include "prefs/settings.h"
+#include "support/vl_feedback.h"
+#include "support/vl_info.h"
 
 namespace vellant::session {
 

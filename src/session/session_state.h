@@ -4,6 +4,7 @@
 #include "base/int16.h"
 #include "hostmodel/map_object.h"
 #include "hostmodel/mapinfo_app.h"
+#include "platform/toolkit.h"
 
 #include <cstdint>
 #include <memory>
@@ -13,6 +14,11 @@ namespace vellant::interaction {
 class Label_Orientation;
 class EditCell;
 } // namespace vellant::interaction
+
+namespace vellant::support {
+class VLInfo;
+class vlFeedback;
+} // namespace vellant::support
 
 namespace vellant::session {
 
@@ -32,6 +38,9 @@ struct SessionState {
     std::unique_ptr<interaction::Label_Orientation> gLabelOrient;
     // The cell editor: made on first use, unloaded by every caller after use.
     std::unique_ptr<interaction::EditCell> gEditCell;
+    // The information form and the problem report: made on first reference, unloaded at the end.
+    std::unique_ptr<support::VLInfo> gInfoForm;
+    std::unique_ptr<support::vlFeedback> gFeedbackForm;
     Flag gFormReady = kFalse;
     Flag gAccepted = kFalse;
     Flag gShuttingDown = kFalse;
@@ -78,9 +87,24 @@ struct SessionState {
     // MapInfo reported a change of the user's map in IMMEDIATE mode.
     Flag gMapChanged = kFalse;
 
-    // The form's size at load.
+    // The form's size at the end of the last layout (at load before the first). Kept wider than
+    // 16 bits: a docked form spans the screen, and a wide screen passes 32767 twips.
     std::int32_t gFormWidthSaved = 0;
     std::int32_t gFormHeightSaved = 0;
+    // The form's size differs from the saved one: the user has dragged the docked form's edge.
+    Flag gFormSized = kFalse;
+    // The docked form's height at the last tick of its timer.
+    std::int32_t gDockedFormHeight = 0;
+    // Set around the docked form's first layout; nothing reads it.
+    Flag gResizing = kFalse;
+    // Where MapInfo's main window stands, as the desktop last told it. A query that fails leaves
+    // the last answer in place; before the first, the record is all zeros but its length.
+    platform::WindowPlacement gMIPlacement{.length = 44,
+                                           .flags = 0,
+                                           .showCmd = 0,
+                                           .ptMinPosition = {},
+                                           .ptMaxPosition = {},
+                                           .rcNormalPosition = {}};
 };
 
 } // namespace vellant::session

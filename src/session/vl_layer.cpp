@@ -9,6 +9,7 @@
 #include "prefs/settings.h"
 #include "session/layer_form.h"
 #include "session/session.h"
+#include "support/vl_feedback.h"
 
 namespace vellant::session {
 
@@ -38,6 +39,11 @@ vlLayerDocked& dockedForm(Session& s) {
 void dropForm(Session& s, const LayerForm* form) {
     if (form == s.gFloatingForm.get()) s.gFloatingForm.reset();
     if (form == s.gDockedForm.get()) s.gDockedForm.reset();
+}
+
+// shutdown has unloaded it already unless the layer form's unload was refused.
+void unloadFeedbackForm(Session& s) {
+    if (s.gFeedbackForm) s.gFeedbackForm->Unload();
 }
 
 } // namespace
@@ -84,7 +90,7 @@ std::string vlLayer::RunLayer(const std::shared_ptr<platform::AutomationObject>&
             form.Load();
             const std::string word = s.gAccepted ? "ok" : "cancel";
             form.Unload();
-            // The feedback form is unloaded here, once it exists.
+            unloadFeedbackForm(s);
             answer = word;
         },
         [&](const RuntimeError&) { s.gMap.reset(); });
@@ -125,7 +131,7 @@ std::string vlLayer::RunMapInfoLayer() {
                     s.gLayerForm = &floatingForm(s);
                 s.gLayerForm->Load();
                 s.gLayerForm->Unload();
-                // The feedback form is unloaded here, once it exists.
+                unloadFeedbackForm(s);
                 const LayerForm* used = s.gLayerForm;
                 s.gLayerForm = nullptr;
                 dropForm(s, used);
