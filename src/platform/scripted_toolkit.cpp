@@ -173,6 +173,7 @@ void ScriptedToolkit::placeInOrder(std::int32_t hwnd, std::int32_t insertAfter) 
 bool ScriptedToolkit::SetWindowPos(std::int32_t hwnd, std::int32_t insertAfter, int x, int y,
                                    int cx, int cy, int flags) {
     windowPosCalls_.push_back(WindowPosCall{hwnd, insertAfter, x, y, cx, cy, flags});
+    if (onWindowPos) onWindowPos(windowPosCalls_.back());
     if (!(flags & SWP_NOZORDER)) placeInOrder(hwnd, insertAfter);
     return true;
 }
@@ -201,6 +202,10 @@ bool ScriptedToolkit::SetForegroundWindow(std::int32_t hwnd) {
 }
 
 void ScriptedToolkit::setWindowPlacement(std::int32_t hwnd, const WindowPlacement& placement) {
+    // A window with a placement stands on the desktop: the first one comes in at the top of
+    // the ordinary windows, so that other windows can be put behind it.
+    if (std::find(windowOrder_.begin(), windowOrder_.end(), hwnd) == windowOrder_.end())
+        placeInOrder(hwnd, HWND_TOP);
     placements_[hwnd] = placement;
 }
 

@@ -67,10 +67,14 @@ public:
 
     // ---- recorded state ----
     const std::vector<WindowPosCall>& windowPosCalls() const { return windowPosCalls_; }
+    // Told of each SetWindowPos call as it is recorded (the replay runner's transcript).
+    std::function<void(const WindowPosCall&)> onWindowPos;
     // Windows front first; topmost ones lead.
     const std::vector<std::int32_t>& windowOrder() const { return windowOrder_; }
     bool isTopmost(std::int32_t hwnd) const { return topmost_.contains(hwnd); }
     std::int32_t foregroundWindow() const { return foreground_; }
+    // What GetWindowPlacement answers for a window (the host's main window, say); a window
+    // without one answers false. A window new to the toolkit joins the window order.
     void setWindowPlacement(std::int32_t hwnd, const WindowPlacement& placement);
     int cursorCount() const { return cursorCount_; }
     const std::vector<Form*>& loadedForms() const { return loadedForms_; }

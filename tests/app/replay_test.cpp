@@ -4,6 +4,7 @@
 #include "app/replay/replay_run.h"
 #include "app/replay/replay_verbs.h"
 #include "app/sample_tables/demo_data.h"
+#include "prefs/record_file.h"
 #include "support/session_fixture.h"
 
 #include <algorithm>
@@ -239,6 +240,57 @@ TEST_F(Replay, ActionsTheGridCannotTakeAreRefusedWithTheirReason) {
                           "error script line 5: the orientation picker is not open",
                           "hide vlLayerControl"});
     EXPECT_EQ(countOf(lines, "unhandled"), 0u);
+}
+
+// A docked session: the form follows MapInfo's main window as the script moves it, takes the
+// height the user drags it to at the timer's tick, and steps down for the information form.
+TEST_F(Replay, TheDockedFormFollowsMapInfosWindowAndTheUsersHeight) {
+    prefs::RecordFile settings;
+    settings.open(appDir + "/Vellant.prf", prefs::RecordFile::Access::ReadWrite);
+    for (int record = 1; record <= 9; ++record)
+        settings.writeInt16(record, record == 2 ? -1 : 0);
+    settings.close();
+
+    const auto lines = replay("screen 1600 900\n"
+                              "hostwindow normal 100 50 1300 850\n"
+                              "geometry\n"
+                              "tick\n"
+                              "formheight 3000\n"
+                              "tick\n"
+                              "geometry\n"
+                              "hostwindow maximized\n"
+                              "advice resize\n"
+                              "geometry\n"
+                              "hostwindow minimized\n"
+                              "advice resize\n"
+                              "hostwindow showcmd 7\n"
+                              "advice resize\n"
+                              "hostwindow sideways\n"
+                              "press Info\n"
+                              "press Limits\n"
+                              "press Exit\n"
+                              "press Cancel\n"
+                              "tick\n");
+    expectInOrder(
+        lines,
+        {"> screen 1600 900", "> hostwindow normal 100 50 1300 850",
+         // Not kept on top: the form goes just under MapInfo's window.
+         "windowpos vlLayerDocked MapInfo 0 0 0 0 3", "> geometry",
+         "geometry vlLayerDocked 1500 11750 18000 1000", "geometry LyrGrid 540 20 15935 960",
+         "geometry Buttonframe 16475 20 1500 3000", "geometry Mapframe 120 0 5400 3300 hidden",
+         "timer Timer1 interval 100 on", "> tick", "> formheight 3000", "> tick", "> geometry",
+         "geometry vlLayerDocked 1500 9750 18000 3000", "geometry LyrGrid 540 20 15935 2960",
+         "timer Timer1 interval 1000 on", "> hostwindow maximized", "> advice resize", "> geometry",
+         "geometry vlLayerDocked 0 10500 24000 3000", "geometry Buttonframe 22475 20 1500 3000",
+         "> hostwindow minimized", "> advice resize", "windowpos vlLayerDocked bottom 0 0 0 0 2",
+         "> hostwindow showcmd 7", "log Vellant: unhandled MI window position 7",
+         "> hostwindow sideways", "error script line 15: expected normal|restored", "> press Info",
+         "windowpos vlLayerDocked notopmost 0 0 0 0 3", "windowpos VLInfo topmost 0 0 0 0 3",
+         "> press Limits", "> press Exit", "> press Cancel", "result ok", "> tick",
+         "error script line 20: no timer is running", "state"});
+    EXPECT_EQ(countOf(lines, "unhandled"), 0u);
+    // The form never went back on top: the user does not keep it there.
+    EXPECT_EQ(countOf(lines, "windowpos vlLayerDocked topmost"), 0u);
 }
 
 } // namespace

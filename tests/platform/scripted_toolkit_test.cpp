@@ -120,6 +120,30 @@ TEST(ScriptedToolkit, TopmostWindowsStayAheadOfOrdinaryOnes) {
     EXPECT_EQ(tk.windowPosCalls()[3].insertAfter, HWND_NOTOPMOST);
 }
 
+// The host's main window is another program's: the script says where it stands, and a form can
+// then be put just behind it, leaving the topmost level.
+TEST(ScriptedToolkit, AWindowWithAPlacementStandsOnTheDesktop) {
+    ScriptedToolkit tk;
+    const std::int32_t mapinfo = 0x20011, docked = 0x20012;
+    WindowPlacement placement;
+    EXPECT_FALSE(tk.GetWindowPlacement(mapinfo, placement));
+    placement.showCmd = SW_SHOWMAXIMIZED;
+    placement.rcNormalPosition = {10, 20, 810, 620};
+    tk.setWindowPlacement(mapinfo, placement);
+    WindowPlacement answer;
+    ASSERT_TRUE(tk.GetWindowPlacement(mapinfo, answer));
+    EXPECT_EQ(answer.showCmd, SW_SHOWMAXIMIZED);
+    EXPECT_EQ(answer.rcNormalPosition.right, 810);
+
+    std::vector<std::int32_t> told;
+    tk.onWindowPos = [&](const ScriptedToolkit::WindowPosCall& call) { told.push_back(call.hwnd); };
+    tk.SetWindowPos(docked, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    tk.SetWindowPos(docked, mapinfo, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_FALSE(tk.isTopmost(docked));
+    EXPECT_EQ(tk.windowOrder(), (std::vector{mapinfo, docked}));
+    EXPECT_EQ(told, (std::vector{docked, docked}));
+}
+
 TEST(ScriptedToolkit, PopupChoiceClicksTheItemUnlessItIsGray) {
     ScriptedToolkit tk;
     Form f("vlLayerControl", tk);

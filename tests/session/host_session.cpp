@@ -48,6 +48,18 @@ HostSession::HostSession() : app(std::make_shared<engine::MapInfoAutomation>(eng
     run("Map From points, regions, text, mixed");
     userMap = std::stoi(eval("FrontWindow()"));
     layer.onSessionStart = [this](session::Session& s) { live = &s; };
+    placeMainWindow(platform::SW_SHOWNORMAL);
+}
+
+std::int32_t HostSession::mainWindow() {
+    return engine->host().mainWindow().hWnd();
+}
+
+void HostSession::placeMainWindow(int showCmd, platform::WindowRect normal) {
+    platform::WindowPlacement placement;
+    placement.showCmd = showCmd;
+    placement.rcNormalPosition = normal;
+    toolkit.setWindowPlacement(mainWindow(), placement);
 }
 
 void HostSession::SetUp() {
@@ -105,6 +117,13 @@ void HostSession::writeSettings(std::int16_t immediate, std::int16_t docked) {
     file.writeInt16(2, docked);
     for (std::int64_t record = 3; record <= 9; ++record)
         file.writeInt16(record, 0);
+    file.close();
+}
+
+void HostSession::writeSetting(int record, std::int16_t value) {
+    prefs::RecordFile file;
+    file.open(dir.file("Vellant.prf"), prefs::RecordFile::Access::ReadWrite);
+    file.writeInt16(record, value);
     file.close();
 }
 

@@ -39,11 +39,17 @@ protected:
     // Every table and window of the host as a workspace writes them: what a user would find.
     std::string hostState();
     engine::Companion& companion();
+    // MapInfo's main window: its handle and where the desktop says it stands (normal, at
+    // 0,0 to 1600,1000 pixels, until a test moves it).
+    std::int32_t mainWindow();
+    void placeMainWindow(int showCmd, platform::WindowRect normal = {0, 0, 1600, 1000});
     // The host in its state before the session: no window at all, or a browser in front.
     void closeAllWindows();
 
     // ---- the settings the session will read ----
     void writeSettings(std::int16_t immediate, std::int16_t docked);
+    // One more setting, by its record, after writeSettings.
+    void writeSetting(int record, std::int16_t value);
     std::int16_t storedSetting(int record);
 
     // ---- the user ----

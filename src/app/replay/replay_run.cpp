@@ -1,6 +1,8 @@
 #include "app/replay/replay_run.h"
 
+#include "app/replay/window_verbs.h"
 #include "base/runtime_error.h"
+#include "engine/host/host_services.h"
 #include "engine/workspace/workspace_loader.h"
 #include "engine/workspace/workspace_writer.h"
 #include "platform/form.h"
@@ -9,6 +11,13 @@
 #include <utility>
 
 namespace vellant::replay {
+
+namespace {
+
+// In pixels of the default screen, 1920 by 1080.
+constexpr platform::WindowRect kMainWindowAtStart{0, 0, 1600, 1000};
+
+} // namespace
 
 ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out)
     : folder_(std::filesystem::absolute(workspace).parent_path()), transcript_(out),
@@ -25,6 +34,14 @@ ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir,
     toolkit_.onMessage = [this](const platform::ScriptedToolkit::Message& message) {
         transcript_.write("msgbox", message.prompt);
     };
+    toolkit_.onWindowPos = [this](const platform::ScriptedToolkit::WindowPosCall& call) {
+        writeWindowPos(*this, call);
+    };
+    // MapInfo's main window stands where a desktop would have it until the script moves it.
+    platform::WindowPlacement placement;
+    placement.showCmd = platform::SW_SHOWNORMAL;
+    placement.rcNormalPosition = kMainWindowAtStart;
+    toolkit_.setWindowPlacement(engine_->host().mainWindow().hWnd(), placement);
     layer_ = std::make_unique<session::vlLayer>(toolkit_, registry_, std::move(appDir));
     layer_->onSessionStart = [this](session::Session& s) {
         s.onLogLine = [this](const std::string& line) { transcript_.write("log", line); };

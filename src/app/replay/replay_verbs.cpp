@@ -3,6 +3,7 @@
 #include "app/replay/grid_snapshot.h"
 #include "app/replay/replay_run.h"
 #include "app/replay/user_verbs.h"
+#include "app/replay/window_verbs.h"
 #include "base/basic_text.h"
 #include "engine/host/companion.h"
 #include "engine/host/host_services.h"
@@ -144,6 +145,17 @@ const Verb kVerbs[] = {
     {"pick", Argument::Integer, {}, false, pickVerb, "pick <n>"},
     {"menu", Argument::Word, {}, false, menuVerb, "menu <item>"},
     {"orient", Argument::Integer, {}, false, orientVerb, "orient <code>"},
+    {"screen", Argument::Text, {}, true, screenVerb, "screen <width> <height>"},
+    {"hostwindow",
+     Argument::Text,
+     {},
+     true,
+     hostWindowVerb,
+     "hostwindow normal|restored <left> <top> <right> <bottom> | maximized | minimized | "
+     "showcmd <n>"},
+    {"tick", Argument::None, {}, false, tickVerb, "tick"},
+    {"formheight", Argument::Integer, {}, false, formHeightVerb, "formheight <twips>"},
+    {"geometry", Argument::None, {}, false, geometryVerb, "geometry"},
 };
 
 } // namespace
