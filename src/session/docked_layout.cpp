@@ -97,7 +97,7 @@ void layOutDocked(Session& s, vlLayerDocked& form) {
     if (!followMapInfo(s, form, reserve)) return;
 
     platform::FlexGrid& grid = form.LyrGrid;
-    grid.setLeft(form.ToggleStatusPic(0).Left());
+    grid.setLeft(form.toggleStatusDesignLeft());
     s.gFormSized = toFlag(sizeDiffersFromSaved(s, form));
     grid.setTop(kGridTop);
     grid.setWidth(form.Width() - form.Buttonframe.Width() - kRightRoom - grid.Left());

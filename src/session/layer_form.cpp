@@ -128,11 +128,12 @@ void LayerForm::addImage(const std::string& name, int widthTwips, int heightTwip
 void LayerForm::designForm() {
     Move(1200, 1200, 12000, 8400);
     // Room at the grid's left for the toggle status picture, and above it for the column
-    // group glyphs. The docked layout takes the grid's left from the first status picture,
-    // so that one starts where the grid does.
+    // group glyphs. The docked layout takes the grid's left from the first status picture's
+    // designed place, so that one starts where the grid does.
     LyrGrid.Move(540, 360, 9000, 3600);
     ToggleStatusPic(0).setLeft(LyrGrid.Left());
     ToggleStatusPic(0).setTop(LyrGrid.Top());
+    toggleStatusDesignLeft_ = ToggleStatusPic(0).Left();
 }
 
 void LayerForm::designButtons() {

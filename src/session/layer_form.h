@@ -108,6 +108,11 @@ public:
     // for a name the form has no control of.
     platform::Control& imageControl(const std::string& name);
 
+    // Where the first toggle status picture stands by design. The docked layout puts the grid
+    // there: the picture's live place is no anchor, since a toggle cycle moves it just left of
+    // the grid, and a layout that followed it would walk the grid leftwards on every resize.
+    int toggleStatusDesignLeft() const { return toggleStatusDesignLeft_; }
+
 protected:
     void Form_Unload(bool& cancel) override;
 
@@ -126,6 +131,7 @@ private:
     void wireButtons();
 
     std::vector<std::unique_ptr<platform::Control>> images_;
+    int toggleStatusDesignLeft_ = 0;
 };
 
 // The floating form, with the map panel under the grid.

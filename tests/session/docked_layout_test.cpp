@@ -3,6 +3,7 @@
 // twips; MapInfo's window is placed in pixels of a 1920 by 1080 screen.
 
 #include "base/int16.h"
+#include "interaction/toggle_cycle.h"
 #include "prefs/settings.h"
 #include "session/layer_form.h"
 #include "session/window_settings.h"
@@ -206,6 +207,22 @@ TEST_F(DockedLayout, TheFirstTickFitsTheFormAndSlowsTheTimerThenTicksDoNothing) 
     toolkit.fireTimers();
 
     EXPECT_EQ(toolkit.windowPosCalls().size(), calls);
+    EXPECT_EQ(geometry(), settled);
+}
+
+// A toggle cycle puts the first status picture just left of the grid; resizes after it keep
+// the grid where it was instead of following the picture.
+TEST_F(DockedLayout, AToggleCycleDoesNotWalkTheGridLeftOnLaterResizes) {
+    settleAsLoaded();
+    const Geometry settled = geometry();
+    docked->LyrGrid.setRow(2);
+    docked->LyrGrid.setRowSel(3);
+    interaction::startToggleCycle(*session);
+    ASSERT_EQ(docked->ToggleStatusPic(0).Left(), settled.gridLeft - 480);
+
+    docked->Resize_LayerForm();
+    docked->Resize_LayerForm();
+
     EXPECT_EQ(geometry(), settled);
 }
 
