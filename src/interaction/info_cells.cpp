@@ -75,8 +75,11 @@ std::string expandTokens(std::string_view text, const std::function<std::string(
     // A layer name that holds a token of its own would be expanded for ever: the scan starts
     // again at the front after each token. Far more tokens than any expression holds means that.
     constexpr int kMostTokens = 10000;
+    // Such a name also grows the text at each round; past MapBasic's longest string no
+    // evaluation could take it anyway, and copying it ever longer would freeze the grid.
+    constexpr std::size_t kLongestExpression = 32767;
     for (int tokens = 0; p >= 1; ++tokens) {
-        if (tokens == kMostTokens) raiseError(kErrInvalidCall);
+        if (tokens == kMostTokens || e.size() > kLongestExpression) raiseError(kErrInvalidCall);
         const std::string left = Left(e, p - 1);
         const long q = InStr(p + 1, e, "%");
         // With no closing sign the length goes negative, which Mid refuses with error 5.

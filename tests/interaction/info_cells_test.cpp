@@ -86,6 +86,23 @@ TEST(ExpandTokens, APercentSignInTheNameStartsATokenAndAnUnpairedOneIsError5) {
         error = e.number();
     }
     EXPECT_EQ(error, kErrInvalidCall);
+    // One that also holds an unknown token grows the text at every round, and is given up as
+    // soon as it is longer than any expression MapBasic takes, well before the round limit.
+    error = 0;
+    int asked = 0;
+    try {
+        interaction::expandTokens(
+            "%LAYERNAME%",
+            [&] {
+                ++asked;
+                return std::string("%x%%LAYERNAME%");
+            },
+            3, 1);
+    } catch (const RuntimeError& e) {
+        error = e.number();
+    }
+    EXPECT_EQ(error, kErrInvalidCall);
+    EXPECT_LT(asked, 4000);
 }
 
 class Runfunction : public GridHost {
