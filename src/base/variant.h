@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <variant>
 
 namespace vellant {
@@ -39,6 +40,10 @@ public:
     Variant(std::string v) : value_(std::move(v)) {}
     Variant(const char* v) : value_(std::string(v)) {}
     Variant(std::shared_ptr<BasicObject> v) : value_(std::move(v)) {}
+    // Any object reference, as a variable of an object's own class is assigned to a Variant.
+    template <class T>
+    requires std::is_base_of_v<BasicObject, T> Variant(std::shared_ptr<T> v)
+        : value_(std::shared_ptr<BasicObject>(std::move(v))) {}
     static Variant null() {
         Variant v;
         v.value_ = NullTag{};
