@@ -24,8 +24,9 @@ namespace {
 using engine::MapPoint;
 
 constexpr int kLargestSamplePixels = 4096;
-// Samples keep this far from the picture's edge, so a thick border still shows whole.
-constexpr double kMargin = 2;
+// Samples keep this far from the picture's edge, so a thick border still shows whole; edges
+// lie on the middle of a pixel, so that a thin line is one pixel wide and sharp.
+constexpr double kMargin = 2.5;
 constexpr double kScreenDpi = 96;
 constexpr int kTwipsPerPixel = 15;
 
@@ -51,6 +52,11 @@ engine::Layer styledLayer(const StyleData& style, const std::filesystem::path& b
     return layer;
 }
 
+// The middle of the middle pixel.
+double middle(double pixels) {
+    return std::floor(pixels / 2) + 0.5;
+}
+
 engine::MapGeometry sampleObject(PickKind kind, QSize pixels) {
     const double w = pixels.width();
     const double h = pixels.height();
@@ -66,11 +72,12 @@ engine::MapGeometry sampleObject(PickKind kind, QSize pixels) {
     }
     case PickKind::Line:
         object->kind = engine::ObjectKind::Line;
-        parts = {{{std::min(kMargin, w / 2), h / 2}, {std::max(w - kMargin, w / 2), h / 2}}};
+        parts = {
+            {{std::min(kMargin, w / 2), middle(h)}, {std::max(w - kMargin, w / 2), middle(h)}}};
         break;
     default:
         object->kind = engine::ObjectKind::Point;
-        parts = {{{w / 2, h / 2}}};
+        parts = {{{middle(w), middle(h)}}};
         break;
     }
     object->parts = parts;
