@@ -27,13 +27,14 @@ public:
     bool Move(std::int32_t from, std::int32_t to) override;
 
     const std::vector<std::shared_ptr<Layer>>& all() const { return layers_; }
+    // A layer made for this map goes in at position (1 the top; past the last appends).
+    std::shared_ptr<hostmodel::MXLayer> insert(std::shared_ptr<Layer> layer, std::int32_t position);
     // The map has gone: its layers leave with it, and the collection can do nothing more.
     void mapGone();
 
 private:
     Map& map();
     const std::shared_ptr<Layer>& at(const Variant& index);
-    std::shared_ptr<hostmodel::MXLayer> insert(std::shared_ptr<Layer> layer, std::int32_t position);
     void take(std::size_t index);
 
     Map* map_;

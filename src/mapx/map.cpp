@@ -4,6 +4,7 @@
 #include "engine/render/geometry_cache.h"
 #include "engine/windows/geodesy.h"
 #include "engine/windows/map_view.h"
+#include "mapx/geoset.h"
 #include "mapx/map_drawing.h"
 #include "mapx/map_units.h"
 #include "mapx/mapx_errors.h"
@@ -154,6 +155,7 @@ std::shared_ptr<hostmodel::MXFeatureFactory> Map::FeatureFactory() {
 }
 
 void Map::setGeoset(const std::string& value) {
+    if (!value.empty()) openGeoset(*this, value);
     geoset_ = value;
 }
 
