@@ -61,7 +61,7 @@ public:
     // By number from 1 or by name (the first layer of that name, any letter case).
     virtual std::shared_ptr<MXLayer> Item(const Variant& index) = 0;
     // A table file (text) or a LayerInfo, inserted at position (1 the top; a position past
-    // the last appends).
+    // the last appends, one below 1 is error 5).
     virtual std::shared_ptr<MXLayer> Add(const Variant& source, std::int32_t position) = 0;
     // An empty layer: temporary when fileSpec is empty, otherwise a new table of that file.
     virtual std::shared_ptr<MXLayer>
