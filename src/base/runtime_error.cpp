@@ -46,6 +46,8 @@ std::string standardErrorText(int number) {
         return "ActiveX component can't create object";
     case kErrNoSuchMember:
         return "Object doesn't support this property or method";
+    case kErrInvalidPicture:
+        return "Invalid picture";
     case kErrRemoteServer:
         return "The remote server machine does not exist or is unavailable";
     default:

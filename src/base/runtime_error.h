@@ -29,6 +29,7 @@ enum ErrorNumber : int {
     kErrAutomation = 440,         // "Automation error"
     kErrCannotCreateObject = 429, // "ActiveX component can't create object"
     kErrNoSuchMember = 438,       // "Object doesn't support this property or method"
+    kErrInvalidPicture = 481,     // "Invalid picture"
     kErrRemoteServer = 462,       // "The remote server machine does not exist or is unavailable"
 };
 

@@ -13,6 +13,8 @@
 #include "prefs/settings.h"
 #include "session/session.h"
 #include "styles/label_copy.h"
+#include "styles/override_cells.h"
+#include "styles/style_samples.h"
 
 #include <algorithm>
 
@@ -166,14 +168,18 @@ long loadLayerRow(Session& s, platform::FlexGrid& grid, std::int16_t i) {
     }
 
     grid.setCol(getcolnum(s, "Type"));
+    bool overridden = false;
     if (s.gLayerType == 0) {
         s.gTrace = "4.10";
-        s.gOrigOverride[s.gLayer] = source.overridestyle();
+        overridden = source.overridestyle();
+        s.gOrigOverride[s.gLayer] = overridden;
         s.gTrace = "4.11";
     }
-    // The style sample of a region, line, symbol or text layer is drawn by the override code
-    // once style samples exist.
-    grid.setText(featureTypeText(s, source));
+    const std::string typeText = featureTypeText(s, source);
+    grid.setText(typeText);
+    // Only layers of one kind of feature have a style of their own to show.
+    if (typeText == "Region" || typeText == "Line" || typeText == "Symbol" || typeText == "Text")
+        styles::setoridestylecell(s, s.gFeatureType, overridden, false);
 
     s.gTrace = "6";
     styles::copylabelprops(s, source, sourceLabels, source, sourceLabels, i, true);
@@ -236,6 +242,7 @@ void load_grid(Session& s, bool& rebuild) {
                 s.mapInfoApp().Do("set progressbars on");
             }
             s.toolkit.setMousePointer(platform::vbDefault);
+            styles::closestylewin(s);
             if (mapInfo) s.toolkit.ShowCursor(true);
         },
         [&](const RuntimeError& e) {

@@ -12,6 +12,9 @@
 #include "platform/toolkit.h"
 #include "prefs/settings.h"
 #include "session/session.h"
+#include "styles/label_style.h"
+#include "styles/override_cells.h"
+#include "styles/style_samples.h"
 
 namespace vellant::interaction {
 
@@ -27,6 +30,9 @@ int rowOf(const Session& s, int layer) {
 int layerOf(const Session& s, int row) {
     return RowToLayer(s, static_cast<std::uint16_t>(row));
 }
+
+// The style kind of a label's font.
+constexpr std::int32_t kLabelStyleKind = 5;
 
 // The rows a click covers, as layer numbers.
 struct CoveredRows {
@@ -109,6 +115,44 @@ void editCellRow(Session& s, const CoveredRows& rows, const KeyedColumns& keyed)
     if (s.gCol == keyed.group) s.gLayerGroup[s.gRow] = grid.TextMatrix(rowOf(s, s.gRow), s.gCol);
 }
 
+// A click on the label style cell of the row at hand. Answers false when the click is to end
+// here: on the MapInfo host a row set's labels wait for the font picked in the host's dialog,
+// and the rest of the set and the click's closing steps come with that pick.
+bool labelStyleRow(Session& s, const CoveredRows& rows) {
+    platform::FlexGrid& grid = s.layerForm().LyrGrid;
+    hostmodel::ILabelProps& viewLabels = s.viewLabelProps();
+    s.gLayer = static_cast<std::int16_t>(s.gClickRow);
+    const bool clickedVisible = viewLabels.Visible();
+    s.gLayer = static_cast<std::int16_t>(s.gRow);
+    std::int16_t clickRow = static_cast<std::int16_t>(s.gClickRow);
+    std::int16_t row = static_cast<std::int16_t>(s.gRow);
+    bool toggle = true;
+    if (rows.first != rows.last && s.gRow == rows.first) {
+        s.labelProps().setVisible(toFlag(!clickedVisible));
+        styles::setlabelprops(s, viewLabels, clickRow, toggle);
+        if (s.gIsMapInfo) {
+            s.gPendFirst = rows.first;
+            s.gPendLast = rows.last;
+            s.gPendCol = kLabelStyleKind;
+            grid.setCol(grid::getcolnum(s, "Label Properties"));
+            s.gInClick = kFalse;
+            return false;
+        }
+        // The MapX host copies the clicked row's labels here, once that host exists.
+    } else if (rows.first != rows.last && !s.gIsMapInfo) {
+        // Likewise the MapX host's copy to the other rows of the set.
+    } else if (rows.first == rows.last) {
+        styles::setlabelprops(s, s.labelProps(), row, toggle);
+        if (s.gIsMapInfo) {
+            s.gPendFirst = rows.first;
+            s.gPendLast = rows.last;
+            s.gPendCol = kLabelStyleKind;
+            grid.setCol(grid::getcolnum(s, "Label properties"));
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 void Layergridclick(Session& s) {
@@ -162,9 +206,19 @@ void Layergridclick(Session& s) {
                     dotoggles(s);
                     continue;
                 }
-                // The label dialog and the style picker take these columns of a plain layer.
-                if (s.gLayerType == 0 && (s.gCol == keyed.labelProperties || s.gCol == keyed.style))
+                if (s.gLayerType == 0 && s.gCol == keyed.labelProperties) {
+                    if (!labelStyleRow(s, rows)) return;
                     continue;
+                }
+                if (s.gLayerType == 0 && s.gCol == keyed.style) {
+                    // The first row of a set turned on waits for the pick, which covers them all.
+                    if (!styles::togglestyle(s, static_cast<std::int16_t>(rows.first),
+                                             static_cast<std::int16_t>(rows.last))) {
+                        s.gInClick = kFalse;
+                        return;
+                    }
+                    continue;
+                }
                 editCellRow(s, rows, keyed);
             }
 
@@ -185,7 +239,7 @@ void Layergridclick(Session& s) {
             s.gClickRow = 0;
             s.gFormReady = kTrue;
             s.gInClick = kFalse;
-            // The style sample window, once styles have one, closes here.
+            styles::closestylewin(s);
         },
         [&](const RuntimeError& e) {
             prefs::logQuietly(s, "From Layergridclick " + e.description());

@@ -1,5 +1,7 @@
 #include "platform/automation.h"
 
+#include "platform/file_system_object.h"
+
 #include <cctype>
 #include <utility>
 
@@ -19,6 +21,10 @@ std::string key(const std::string& className) {
 }
 
 } // namespace
+
+AutomationRegistry::AutomationRegistry() {
+    registerFileSystemObject(*this);
+}
 
 void AutomationRegistry::registerClass(const std::string& className, Factory factory) {
     classes_[key(className)] = std::move(factory);

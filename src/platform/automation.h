@@ -20,6 +20,9 @@ class AutomationRegistry {
 public:
     using Factory = std::function<std::shared_ptr<AutomationObject>()>;
 
+    // A registry starts with the desktop's own classes ("Scripting.FileSystemObject").
+    AutomationRegistry();
+
     // Class names match in any letter case, as the desktop's class names do. A second
     // registration of a name replaces the first.
     void registerClass(const std::string& className, Factory factory);

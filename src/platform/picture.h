@@ -9,6 +9,9 @@
 
 namespace vellant::platform {
 
+// A loaded bitmap's design size counts a pixel as 15 twips, the screen's 96 dots an inch.
+inline constexpr int kTwipsPerPixel = 15;
+
 struct Picture {
     std::string name;                     // empty for no picture
     std::shared_ptr<const Bitmap> bitmap; // set for pictures loaded from a file
@@ -20,5 +23,9 @@ struct Picture {
         return name == other.name && bitmap == other.bitmap;
     }
 };
+
+// The picture in a BMP file: error 53 when there is no such file, 481 when it holds no picture
+// the reader knows.
+Picture LoadPicture(const std::string& path);
 
 } // namespace vellant::platform

@@ -14,6 +14,7 @@
 #include "prefs/settings.h"
 #include "session/attach.h"
 #include "session/session.h"
+#include "styles/style_samples.h"
 #include "support/vl_feedback.h"
 #include "support/vl_info.h"
 
@@ -137,12 +138,7 @@ void shutdown(Session& s) {
     // host that is gone fails every call below quietly.
     if (s.gIsMapInfo) {
         s.gFormReady = kFalse;
-        next([&] {
-            if (!s.gMBApp) raiseError(kErrObjectNotSet);
-            s.gMBApp->Do("drop table vlStyle");
-        });
-        next([&] { send(s, "UnDim tobj"); });
-        // The window of the style samples closes here, once it exists.
+        next([&] { styles::dropstyletable(s); });
         next([&] { send(s, "statusbar Show"); });
         next([&] { send(s, "Alter Buttonpad \"Callback\" Destroy"); });
         next([&] {

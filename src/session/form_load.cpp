@@ -1,8 +1,8 @@
 // Form_Load of the two layer forms. All of a session's set-up happens here, in this order:
-// attach to MapInfo and make the view map, create the facades, open the call-back and the
-// button pad, apply the settings to the controls, build the catalogue and the header, load the
-// grid. Then the form is shown modally, and the whole working session runs inside that show,
-// inside this load, inside the client's call.
+// attach to MapInfo and make the view map, create the facades, make the scratch tables of the
+// style samples, open the call-back and the button pad, apply the settings to the controls, build
+// the catalogue and the header, load the grid. Then the form is shown modally, and the whole
+// working session runs inside that show, inside this load, inside the client's call.
 
 #include "session/form_load.h"
 
@@ -13,6 +13,7 @@
 #include "grid/load_grid.h"
 #include "hostmodel/map_object.h"
 #include "interaction/double_click.h"
+#include "platform/file_system_object.h"
 #include "prefs/map_prefs.h"
 #include "prefs/map_slots.h"
 #include "prefs/setting_controls.h"
@@ -22,6 +23,7 @@
 #include "session/mi_callback.h"
 #include "session/session.h"
 #include "session/window_settings.h"
+#include "styles/style_samples.h"
 
 namespace vellant::session {
 
@@ -58,6 +60,7 @@ void prepareForm(Session& s, LayerForm& form) {
     s.gFormWidthSaved = form.Width();
     s.gFormHeightSaved = form.Height();
     s.toolkit.SetForegroundWindow(form.hWnd());
+    s.gFSO = create<platform::FileSystemObject>(s, platform::FileSystemObject::kClassName);
     // A session always starts with tool-tips on: the handler turns the cleared check over.
     form.show_tooltips.setChecked(false);
     form.show_tooltips.Click();
@@ -84,7 +87,7 @@ void finishAttachment(Session& s, LayerForm& form, const char* pad, bool scaleVi
 
     send(s, "set event processing off");
     send(s, "set progressbars off");
-    // The scratch tables and the window of style samples are made here, once they exist.
+    styles::initstylewin(s);
     s.gCallback = std::make_shared<MICallback>(s);
     s.mapInfoApp().SetCallback(s.gCallback);
     send(s, pad);

@@ -39,7 +39,15 @@ const char* const kCellImageNames[] = {
     "EditedPic",
     "QueryTabPic",
     "QueryTab_EditedPic",
+    // The style cell's off and on pictures by kind: region, line, symbol, text.
+    "RgnStyleOffPic",
+    "RgnStylePic",
+    "LineStyleOffPic",
+    "LinestylePic",
+    "SymStyleOffPic",
+    "SymStylePic",
     "TxtStyleOffPic",
+    "TxtStylePic",
 };
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "session/closing.h"
 #include "session/session.h"
 #include "session/window_settings.h"
+#include "styles/sample_cells.h"
 
 namespace vellant::session {
 
@@ -47,7 +48,8 @@ void MICallback::RunCommand(const std::string& command) {
             } else if (advice == "style") {
                 s.mapInfoApp().Do("Set Application Window 0");
                 s.gFormReady = kTrue;
-                // The chosen style reaches the cell here, once the style cells exist.
+                // The end of the style pick that the click began by freezing the form.
+                styles::updateMicellfromPick(s);
             } else if (advice == "exit vl" || InStr(command, "2002") > 0) {
                 cencelclick(s);
             } else if (advice == "exit mapinfo") {

@@ -3,6 +3,7 @@
 #include "base/runtime_error.h"
 #include "interaction/edit_cell.h"
 #include "interaction/label_orientation.h"
+#include "platform/file_system_object.h"
 #include "prefs/settings.h"
 #include "support/vl_feedback.h"
 #include "support/vl_info.h"
@@ -41,6 +42,11 @@ hostmodel::ILabelProps& Session::labelProps() const {
     return *gLabelProps;
 }
 
+hostmodel::ILabelProps& Session::viewLabelProps() const {
+    if (!gViewLabelProps) raiseError(kErrObjectNotSet);
+    return *gViewLabelProps;
+}
+
 void Session::releaseHostObjects() {
     gMap.reset();
     gViewLyr.reset();
@@ -52,6 +58,7 @@ void Session::releaseHostObjects() {
     gMBApp = nullptr;
     gCallback.reset();
     gMBGlobals = nullptr;
+    gFSO.reset();
 }
 
 void Session::log(const std::string& line) {

@@ -49,6 +49,7 @@ struct Session : SessionState,
     hostmodel::MapInfoApp& mapInfoApp() const;
     hostmodel::ILayer& lyr() const;
     hostmodel::ILabelProps& labelProps() const;
+    hostmodel::ILabelProps& viewLabelProps() const;
     // Lets go of the host objects, the companion and the call-back: what a session holds of
     // MapInfo besides the automation object itself.
     void releaseHostObjects();

@@ -12,10 +12,13 @@
 #include "hostmodel/mi_props_label_props.h"
 #include "prefs/settings.h"
 #include "session/session.h"
+#include "styles/sample_cells.h"
 
 namespace vellant::styles {
 
 namespace {
+
+constexpr std::int16_t kTextKind = 5;
 
 void copyValue(Session& s, const std::string& column, const Variant& value, bool& paint) {
     grid::setpropandcell(s, column, value, paint);
@@ -83,10 +86,12 @@ void copylabelprops(Session& s, hostmodel::ILayer& /*sourceLayer*/,
                 s.gTrace = "in copyl 5";
                 platform::FlexGrid& lyrGrid = s.layerForm().LyrGrid;
                 lyrGrid.setCol(grid::getcolnum(s, "Label Properties"));
-                // Hidden labels show the off picture in place of their font sample; the sample
-                // itself is drawn by the style sample code.
+                // Hidden labels show the off picture in place of their font sample.
                 if (!s.labelProps().Visible())
                     lyrGrid.setCellPicture(s.layerForm().imageControl("TxtStyleOffPic").Picture());
+                else if (mapInfo)
+                    updateMicell(s, kTextKind, s.gStyleValue, false);
+                // The MapX host samples the label style object here, once that host exists.
             }
         },
         [&](const RuntimeError& e) {

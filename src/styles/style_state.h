@@ -1,8 +1,15 @@
 #pragma once
 // Module-wide state of styles and labels. Session inherits it.
 
+#include "base/int16.h"
+
 #include <cstdint>
+#include <memory>
 #include <string>
+
+namespace vellant::platform {
+class FileSystemObject;
+}
 
 namespace vellant::styles {
 
@@ -15,6 +22,14 @@ struct StyleState {
     std::int32_t gPendFirst = 0;
     std::int32_t gPendLast = 0;
     std::int32_t gPendCol = 0;
+    // The override of the clicked row, taken when a toggle of the style over a row set starts.
+    Flag gClickOverride = kFalse;
+    // MapInfo's window of samples, 0 when there is none; it lives for one load or one click.
+    std::int32_t gStyleWin = 0;
+    // The BMP of the sample at hand, in the temporary folder until its cells have it.
+    std::string gSampleFile;
+    // "Scripting.FileSystemObject": the temporary folder and its files.
+    std::shared_ptr<platform::FileSystemObject> gFSO;
 };
 
 } // namespace vellant::styles

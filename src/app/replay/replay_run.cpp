@@ -22,7 +22,8 @@ constexpr platform::WindowRect kMainWindowAtStart{0, 0, 1600, 1000};
 ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out)
     : folder_(std::filesystem::absolute(workspace).parent_path()), transcript_(out),
       engine_(std::make_shared<engine::Engine>()),
-      host_(std::make_shared<engine::MapInfoAutomation>(engine_)) {
+      host_(std::make_shared<engine::MapInfoAutomation>(engine_)),
+      styleDialogs_(*engine_, transcript_) {
     engine::loadWorkspace(*engine_, workspace);
     // The companion is running before the tool is called: it is what calls it.
     engine_->run("Run Application \"vellant.mbx\"");
@@ -73,6 +74,8 @@ void ReplayRun::runLine(const ScriptLine& line) {
         // On the desktop a run-time error that leaves an event handler ends the program.
         transcript_.write("unhandled", std::to_string(e.number()) + " " + e.description());
     }
+    // A style dialog the line asked for opens now that the call which asked has returned.
+    styleDialogs_.serve();
 }
 
 void ReplayRun::scheduleNext() {
@@ -91,6 +94,7 @@ void ReplayRun::takeStep() {
 }
 
 void ReplayRun::scriptEnded() {
+    styleDialogs_.cancelOpen();
     platform::Form* form = toolkit_.modalForm();
     if (!form) return;
     transcript_.write("hide", form->Name());
@@ -110,6 +114,7 @@ std::string ReplayRun::run(std::vector<ScriptLine> script) {
     transcript_.write("result", result);
     while (next_ < script_.size())
         runLine(script_[next_++]);
+    styleDialogs_.cancelOpen();
     writeState();
     transcript_.flush();
     return result;

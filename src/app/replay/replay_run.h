@@ -6,6 +6,7 @@
 
 #include "app/replay/recording_host.h"
 #include "app/replay/script.h"
+#include "app/replay/style_dialogs.h"
 #include "app/replay/transcript.h"
 #include "engine/engine.h"
 #include "engine/host/mapinfo_automation.h"
@@ -42,6 +43,7 @@ public:
     platform::ScriptedToolkit& toolkit() { return toolkit_; }
     engine::Engine& engine() { return *engine_; }
     session::vlLayer& layer() { return *layer_; }
+    StyleDialogs& styleDialogs() { return styleDialogs_; }
     // A line of the script that could not be done: "error script line <n>: <why>". The script
     // goes on with its next line.
     void refuse(const ScriptLine& line, const std::string& why);
@@ -63,6 +65,7 @@ private:
     Transcript transcript_;
     std::shared_ptr<engine::Engine> engine_;
     std::shared_ptr<engine::MapInfoAutomation> host_;
+    StyleDialogs styleDialogs_;
     platform::AutomationRegistry registry_;
     platform::ScriptedToolkit toolkit_;
     std::shared_ptr<RecordingHost> recorder_;

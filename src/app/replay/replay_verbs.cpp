@@ -107,6 +107,10 @@ void answer(ReplayRun& replay, const ScriptLine& line) {
                                                  : platform::vbCancel);
 }
 
+void style(ReplayRun& replay, const ScriptLine& line) {
+    replay.styleDialogs().answer(line.argument);
+}
+
 void snapshot(ReplayRun& replay, const ScriptLine& line) {
     session::Session* s = replay.layer().currentSession();
     if (!s || !s->gLayerForm) return replay.refuse(line, "no layer form is loaded");
@@ -126,6 +130,7 @@ const Verb kVerbs[] = {
     {"button", Argument::Integer, {}, false, button, "button <id>"},
     {"host", Argument::Text, {}, false, host, "host <MapBasic statement>"},
     {"answer", Argument::Choice, kAnswers, true, answer, "answer ok|yes|no|cancel"},
+    {"style", Argument::Text, {}, false, style, "style <clause>|cancel|wait"},
     {"snapshot", Argument::None, {}, false, snapshot, "snapshot"},
     {"click", Argument::Text, {}, false, clickVerb, "click <row> <column>"},
     {"rclick", Argument::Text, {}, false, rightClickVerb, "rclick <row> <column>"},

@@ -54,8 +54,14 @@ std::optional<int> columnOf(const session::Session& s, const std::string& writte
     std::string key = LCase(written);
     std::replace(key.begin(), key.end(), '_', ' ');
     if (key == "layer") return 0;
+    // "label visible" is the second key of "label properties"; the column answers to both,
+    // whichever the session looked it up by last.
+    const auto labelStyleKey = [](const std::string& k) {
+        return k == "label properties" || k == "label visible";
+    };
     for (int col = 1; col < s.gLayerForm->LyrGrid.Cols(); ++col)
-        if (s.gColKey[col] == key) return col;
+        if (s.gColKey[col] == key || (labelStyleKey(key) && labelStyleKey(s.gColKey[col])))
+            return col;
     return std::nullopt;
 }
 
