@@ -29,7 +29,8 @@ void send(Session& s, const std::string& command) {
 
 // The application directory's file of a scratch table, in double quotes.
 std::string scratchFile(Session& s, const char* name) {
-    return "\"" + s.appPath + "/" + name + "\"";
+    const bool separated = !s.appPath.empty() && s.appPath.back() == '/';
+    return "\"" + s.appPath + (separated ? "" : "/") + name + "\"";
 }
 
 // The window handles go into the commands as plain numbers.

@@ -10,7 +10,9 @@
 #include "hostmodel/mapper.h"
 #include "hostmodel/mi_props.h"
 #include "hostmodel/mi_props_label_props.h"
+#include "platform/file_system_object.h"
 #include "prefs/settings.h"
+#include "styles/style_samples.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -65,6 +67,15 @@ GridHost::GridHost() : app(std::make_shared<engine::MapInfoAutomation>(engine)) 
     s.gColCount = 38;
     grid().setCols(s.gColCount);
     setcolatts(s);
+    // The scratch objects of the style samples, as Form_Load makes them; samples go to a
+    // temporary folder of the test's own.
+    std::filesystem::create_directories(temporaryFolder());
+    s.gFSO = std::make_shared<platform::FileSystemObject>(temporaryFolder());
+    styles::initstylewin(s);
+}
+
+std::string GridHost::temporaryFolder() const {
+    return dir.file("temp");
 }
 
 void GridHost::run(const std::string& statement) {

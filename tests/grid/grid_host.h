@@ -2,7 +2,8 @@
 // A layer grid over the embedded host: a user's map of every kind of layer, its clone as the
 // view map, the MapInfo facades, the catalogue built and the log open. View layers, top first:
 // 1 qregions (a query), 2 raster, 3 regions, 4 lines, 5 points, 6 text, 7 mixed, 8 scratch (no
-// objects); the cosmetic layer 0 stands in row 1.
+// objects); the cosmetic layer 0 stands in row 1. The scratch tables of the style samples are made
+// as the form's load makes them.
 
 #include "engine/engine.h"
 #include "engine/host/mapinfo_automation.h"
@@ -28,6 +29,8 @@ protected:
     std::string info(int layer, int code, int window = 0);
     void setViewLayer(int layer, const std::string& clause);
     static std::string folder();
+    // Where the style samples are written.
+    std::string temporaryFolder() const;
 
     void load();
     // The grid on a layer's row with its type and kind, as a click prepares them.

@@ -271,12 +271,15 @@ TEST_F(GridClick, InTheSelfTestATextCellTakesTheCannedValueAndTheGroupColumnName
 
 TEST_F(GridClick, TheOverrideAndTheLabelAndStyleColumnsOfAPlainLayerOpenNoEditor) {
     // The override is changed through the style column: its toggle bit does not count.
-    for (const char* key : {"override", "label properties", "style"}) {
+    ASSERT_TRUE(clickable(kRegions, "override"));
+    click(kRegions, "override");
+    EXPECT_TRUE(layerCommands().empty());
+    EXPECT_TRUE(session->gFormReady);
+    // The two style columns go to the host's style dialogs, never to the cell editor.
+    for (const char* key : {"label properties", "style"}) {
         ASSERT_TRUE(clickable(kRegions, key)) << key;
         click(kRegions, key);
         EXPECT_EQ(modalOpenings(), 0) << key;
-        EXPECT_TRUE(layerCommands().empty()) << key;
-        EXPECT_TRUE(session->gFormReady) << key;
     }
 }
 

@@ -77,6 +77,15 @@ TEST_F(AttachTest, AttachSendsItsCommandsInOrderAndLoadsTheFormAroundThem) {
         "eval Mapperinfo(" + v + ",9)",
         "do set event processing off",
         "do set progressbars off",
+        "do create table vlStyle (stylex integer) File \"" + dir.file("vlstyle") + "\"",
+        "do create map for vlstyle",
+        "do set table vlStyle fastedit on undo off usermap off userbrowse off useredit off "
+        "userdisplaymap off userremovemap off",
+        "do Dim tobj as object",
+        "do create table vlBounds (Name char(30)) File \"" + dir.file("vlbounds") + "\"",
+        "do create map for vlBounds",
+        "do set table vlBounds fastedit on undo off usermap off userbrowse off useredit off "
+        "userdisplaymap off userremovemap off",
         "setcallback",
         "do Create Buttonpad \"Callback\" As Pushbutton ID 2001 Calling OLE \"RunCommand\" hide ",
         "eval Mapperinfo(" + m + ",3)",
@@ -144,7 +153,7 @@ TEST_F(AttachTest, ABrowserInFrontIsRefusedBeforeAnythingChanges) {
     EXPECT_THAT(toolkit.loadedForms(), IsEmpty());
     EXPECT_THAT(recorder->callsStartingWith("do Set Map Window"), IsEmpty());
     EXPECT_THAT(recorder->callsStartingWith("menu"), IsEmpty());
-    EXPECT_EQ(hostState(), before);
+    EXPECT_EQ(hostStateBesidesBoundsTable(), before);
     EXPECT_TRUE(engine->host().statusBarVisible());
     EXPECT_EQ(toolkit.cursorCount(), 0);
 }

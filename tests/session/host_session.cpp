@@ -99,6 +99,15 @@ std::string HostSession::hostState() {
     return engine::workspaceFor(*engine, TableFolder::path()).text;
 }
 
+std::string HostSession::hostStateBesidesBoundsTable() {
+    std::string state = hostState();
+    const std::size_t at = state.find("/vlbounds.tab\" As vlBounds Interactive\n");
+    if (at == std::string::npos) return state;
+    const std::size_t start = state.rfind('\n', at) + 1;
+    state.erase(start, state.find('\n', at) + 1 - start);
+    return state;
+}
+
 engine::Companion& HostSession::companion() {
     engine::Companion* running = engine->host().companion();
     if (!running) throw std::logic_error("the companion is not running");

@@ -38,6 +38,9 @@ protected:
     bool windowOpen(int id);
     // Every table and window of the host as a workspace writes them: what a user would find.
     std::string hostState();
+    // The same without the scratch table vlBounds: a session makes it and leaves it open for
+    // the next, the one trace a session leaves in the host.
+    std::string hostStateBesidesBoundsTable();
     engine::Companion& companion();
     // MapInfo's main window: its handle and where the desktop says it stands (normal, at
     // 0,0 to 1600,1000 pixels, until a test moves it).

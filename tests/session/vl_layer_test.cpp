@@ -130,7 +130,7 @@ TEST_F(VlLayerTest, ExitLayerEndsAFloatingSession) {
 
     ASSERT_EQ(toolkit.modalShows().size(), 1U);
     EXPECT_FALSE(toolkit.modalShows().front().endedByToolkit);
-    EXPECT_EQ(hostState(), before);
+    EXPECT_EQ(hostStateBesidesBoundsTable(), before);
 }
 
 TEST_F(VlLayerTest, ExitLayerLeavesADockedSessionRunning) {

@@ -305,7 +305,9 @@ void ObjectPainter::drawText(const MapGeometry& geometry, bool selected) {
     if (geometry.parts.empty() || geometry.parts.front().empty()) return;
     const QRectF box = pixelBox(geometry.parts.front());
     const FontStyle& font = styles_.font(fontClause(object));
-    double pixelSize = font.size > 0 ? pointsToPixels(font.size, options_.dpi) : box.height();
+    // A text object on a map is as tall as its box at the map's zoom, whatever point size its
+    // font clause names: it grows and shrinks with the map, as the host draws it.
+    double pixelSize = box.height();
     if (pixelSize < 0.5) return; // smaller than a pixel: the host shows nothing either
     pixelSize = std::min(pixelSize, kLargestTextPixels);
     const QString text = QString::fromStdString(object.text);
