@@ -4,6 +4,10 @@
 // that time over the layers (in seconds), and "calls_per_layer" the host calls (Do, eval, menu
 // commands) one load makes per layer, counted by a recording host object on a load of its own.
 //
+// The same loads on maps whose every layer carries an override style: each row then makes a
+// sample of it (a Save Window of the scratch window to a BMP, loaded into the cell), besides the
+// sample of its label font.
+//
 // One toggle click on the column "visible" over a row set of every layer of the map: the walk
 // reads and writes each layer through the facades and repaints the cells that depend on its
 // visibility. The time is per click; "calls_per_row" counts the host calls of one click per row.
@@ -19,10 +23,12 @@
 #include "hostmodel/facade_classes.h"
 #include "interaction/grid_click.h"
 #include "interaction/toggle_cycle.h"
+#include "platform/file_system_object.h"
 #include "platform/scripted_toolkit.h"
 #include "prefs/settings.h"
 #include "session/layer_form.h"
 #include "session/session.h"
+#include "styles/style_samples.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -38,9 +44,9 @@ using namespace vellant;
 constexpr int kRowsPerTable = 3;
 
 // A host with one map window of n layers, each an in-memory table of a few points, and a clone
-// of it as the view map.
+// of it as the view map; the layers are drawn in one style of their own when overridden.
 struct LayeredHost {
-    explicit LayeredHost(int layers) {
+    LayeredHost(int layers, bool overridden) {
         app->Do("Dim o As Object");
         std::string mapFrom = "Map From ";
         for (int t = 1; t <= layers; ++t) {
@@ -57,6 +63,10 @@ struct LayeredHost {
         }
         app->Do(mapFrom);
         mapWin = std::stoi(app->eval("FrontWindow()"));
+        for (int t = 1; overridden && t <= layers; ++t)
+            app->Do("Set Map Window " + std::to_string(mapWin) + " Layer " + std::to_string(t) +
+                    " Display Global Global Symbol (35,16711680," + std::to_string(8 + t % 12) +
+                    ")");
         app->RunMenuCommand(811);
         viewWin = std::stoi(app->eval("WindowID(0)"));
     }
@@ -96,7 +106,11 @@ struct LoadedSession {
         s->gColCount = 38;
         form.LyrGrid.setCols(s->gColCount);
         grid::setcolatts(*s);
+        // The view starts with the user's overrides, as Form_Load gives them to it.
         grid::labelgrid(*s);
+        // Samples go to the system's temporary folder, as on the desktop.
+        s->gFSO = std::make_shared<platform::FileSystemObject>();
+        styles::initstylewin(*s);
     }
     ~LoadedSession() {
         prefs::closelog(*s);
@@ -117,11 +131,11 @@ struct LoadedSession {
     std::unique_ptr<session::Session> s;
 };
 
-// Building a map of 1000 layers takes a while; each size is built once for the whole run.
-LayeredHost& hostOf(int layers) {
-    static std::map<int, std::unique_ptr<LayeredHost>> hosts;
-    auto& host = hosts[layers];
-    if (!host) host = std::make_unique<LayeredHost>(layers);
+// Building a map of 1000 layers takes a while; each kind of map is built once for the run.
+LayeredHost& hostOf(int layers, bool overridden = false) {
+    static std::map<std::pair<int, bool>, std::unique_ptr<LayeredHost>> hosts;
+    auto& host = hosts[{layers, overridden}];
+    if (!host) host = std::make_unique<LayeredHost>(layers, overridden);
     return *host;
 }
 
@@ -161,6 +175,21 @@ void BM_load_grid(benchmark::State& state) {
         layers, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_load_grid)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+
+void BM_load_grid_with_samples(benchmark::State& state) {
+    const int layers = static_cast<int>(state.range(0));
+    LayeredHost& host = hostOf(layers, true);
+    LoadedSession loaded(host, layers);
+    for (auto _ : state)
+        loaded.load();
+
+    const HostCalls asked = countHostCalls(host, loaded, [&] { loaded.load(); });
+    state.counters["calls_per_layer"] = asked.calls / layers;
+    state.counters["errors"] = asked.errors;
+    state.counters["time_per_layer"] = benchmark::Counter(
+        layers, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(BM_load_grid_with_samples)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 // The rows of all layers selected, and the mouse down in the cell "visible" of the first.
 struct ToggleClick {

@@ -205,10 +205,15 @@ std::optional<Bitmap> decodeBmp(const std::vector<std::uint8_t>& b) {
 }
 
 std::optional<Bitmap> readBmpFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(path, std::ios::binary | std::ios::ate);
     if (!in) return std::nullopt;
-    std::vector<std::uint8_t> bytes((std::istreambuf_iterator<char>(in)),
-                                    std::istreambuf_iterator<char>());
+    // Read whole: grid samples are read back one after the other.
+    const std::streamoff size = in.tellg();
+    if (size < 0) return std::nullopt;
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
+    in.seekg(0);
+    if (!in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size)))
+        return std::nullopt;
     return decodeBmp(bytes);
 }
 
@@ -216,15 +221,19 @@ std::vector<std::uint8_t> encodeBmp24(const Bitmap& bm) {
     std::vector<std::uint8_t> out;
     putHeaders(out, bm, 24, 0);
     const size_t stride = rowStride(bm.width, 24);
-    for (int y = bm.height - 1; y >= 0; --y) {
-        size_t written = 0;
-        for (int x = 0; x < bm.width; ++x, written += 3) {
-            const std::uint32_t rgb = bm.at(x, y);
-            out.push_back(static_cast<std::uint8_t>(rgb));
-            out.push_back(static_cast<std::uint8_t>(rgb >> 8));
-            out.push_back(static_cast<std::uint8_t>(rgb >> 16));
+    const size_t headers = out.size();
+    // Sized once and filled in place: the padding bytes are the zeros it starts with.
+    out.resize(headers + stride * static_cast<size_t>(std::max(bm.height, 0)));
+    std::uint8_t* line = out.data() + headers;
+    for (int y = bm.height - 1; y >= 0; --y, line += stride) {
+        const std::uint32_t* pixel = bm.pixels.data() + static_cast<size_t>(y) * bm.width;
+        std::uint8_t* byte = line;
+        for (int x = 0; x < bm.width; ++x, byte += 3) {
+            const std::uint32_t rgb = pixel[x];
+            byte[0] = static_cast<std::uint8_t>(rgb);
+            byte[1] = static_cast<std::uint8_t>(rgb >> 8);
+            byte[2] = static_cast<std::uint8_t>(rgb >> 16);
         }
-        out.insert(out.end(), stride - written, 0);
     }
     return out;
 }

@@ -79,7 +79,7 @@ void GeometryCache::read(const Table& table, const CoordSys& mapCoordSys, LayerG
         std::size_t dropped = 0;
         bool anyBounds = false;
         Bounds all;
-        for (std::int64_t row = 1; row <= rows; ++row) {
+        for (std::int64_t row = table.firstRow(); row <= rows; ++row) {
             if (!table.rowExists(row)) continue;
             std::shared_ptr<const MapObject> object = table.object(row);
             if (!object) continue;

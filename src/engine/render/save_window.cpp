@@ -14,6 +14,7 @@
 #include "engine/windows/window_manager.h"
 
 #include <QByteArray>
+#include <QFile>
 #include <QImageWriter>
 #include <QSaveFile>
 #include <algorithm>
@@ -54,11 +55,14 @@ std::optional<PictureType> pictureType(std::string_view name) {
 
 Bitmap toBitmap(const QImage& image) {
     const QImage rgb = image.convertToFormat(QImage::Format_RGB32);
-    Bitmap bitmap(rgb.width(), rgb.height(), 0);
-    for (int y = 0; y < rgb.height(); ++y) {
+    const int width = rgb.width();
+    const int height = rgb.height();
+    Bitmap bitmap(width, height, 0);
+    std::uint32_t* out = bitmap.pixels.data();
+    for (int y = 0; y < height; ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(rgb.constScanLine(y));
-        for (int x = 0; x < rgb.width(); ++x)
-            bitmap.set(x, y, line[x] & 0xFFFFFFu);
+        for (int x = 0; x < width; ++x)
+            *out++ = line[x] & 0xFFFFFFu;
     }
     return bitmap;
 }
@@ -94,14 +98,21 @@ public:
 
 constexpr std::uint32_t kSourceCopy = 0x00CC0020;
 
+// Written straight to the file, as the host writes it, without waiting for the disk: a client
+// that saves a small picture for every row of a grid and reads it back at once would otherwise
+// wait for a sync each time. A write that fails takes its part-written file away.
 void writeBytes(const std::vector<std::uint8_t>& bytes, const std::string& file) {
-    QSaveFile out(QString::fromStdString(file));
-    if (!out.open(QIODevice::WriteOnly)) raiseCannotWrite(file, out.errorString());
-    const auto size = static_cast<qint64>(bytes.size());
-    if (out.write(reinterpret_cast<const char*>(bytes.data()), size) != size) {
+    QFile out(QString::fromStdString(file));
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
         raiseCannotWrite(file, out.errorString());
+    const auto size = static_cast<qint64>(bytes.size());
+    const bool written =
+        out.write(reinterpret_cast<const char*>(bytes.data()), size) == size && out.flush();
+    if (!written) {
+        const QString reason = out.errorString();
+        out.remove();
+        raiseCannotWrite(file, reason);
     }
-    if (!out.commit()) raiseCannotWrite(file, out.errorString());
 }
 
 void writeWithQt(const QImage& image, const std::string& file, const char* format) {

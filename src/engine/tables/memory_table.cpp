@@ -45,7 +45,8 @@ std::optional<Bounds> MemoryTable::bounds() const {
     if (!mappable_) return std::nullopt;
     Bounds bounds;
     bool any = false;
-    for (const Row& row : rows_) {
+    for (std::size_t i = firstLive_; i < rows_.size(); ++i) {
+        const Row& row = rows_[i];
         if (!row.deleted && row.object) widen(bounds, any, *row.object);
     }
     if (!any) return std::nullopt;
@@ -104,6 +105,8 @@ void MemoryTable::deleteRow(std::int64_t row) {
     found.deleted = true;
     found.object.reset();
     found.values.clear();
+    while (firstLive_ < rows_.size() && rows_[firstLive_].deleted)
+        ++firstLive_;
     edited = true;
     rowsChanged();
 }

@@ -27,6 +27,7 @@ public:
     TableType type() const override { return TableType::Base; }
     std::string path() const override { return file_.string(); }
     std::int64_t rowCount() const override { return static_cast<std::int64_t>(rows_.size()); }
+    std::int64_t firstRow() const override { return static_cast<std::int64_t>(firstLive_) + 1; }
     const std::vector<ColumnDef>& columns() const override { return columns_; }
     bool isMappable() const override { return mappable_; }
     bool isRaster() const override { return false; }
@@ -64,6 +65,8 @@ private:
     std::filesystem::path file_;
     std::string charset_;
     std::vector<Row> rows_;
+    // Every row before this index is deleted.
+    std::size_t firstLive_ = 0;
     bool mappable_ = false;
     std::string coordSys_;
 };

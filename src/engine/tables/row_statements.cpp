@@ -8,6 +8,7 @@
 #include "engine/tables/table_errors.h"
 #include "engine/tables/table_language_parts.h"
 
+#include <algorithm>
 #include <cctype>
 #include <optional>
 #include <vector>
@@ -99,6 +100,8 @@ void deleteFrom(Engine& engine, Cursor& cursor) {
 
 // The next row that exists from row on, going by step; 0 or rowCount() + 1 when none.
 std::int64_t existingRow(const Table& table, std::int64_t row, int step) {
+    if (step > 0 && row >= 1) row = std::max(row, table.firstRow());
+    if (step < 0 && row < table.firstRow()) row = 0;
     while (row >= 1 && row <= table.rowCount() && !table.rowExists(row))
         row += step;
     if (row < 1) return 0;

@@ -63,7 +63,7 @@ std::vector<std::int64_t> rowsWhere(Cursor& cursor, Table& table) {
     ResolverScope scope(cursor, resolver);
     const std::size_t start = cursor.mark();
     std::size_t end = start;
-    for (std::int64_t row = 1; row <= table.rowCount(); ++row) {
+    for (std::int64_t row = table.firstRow(); row <= table.rowCount(); ++row) {
         if (!table.rowExists(row)) continue;
         table.currentRow = row;
         if (filtered) {

@@ -56,6 +56,10 @@ public:
     virtual MbValue value(std::int64_t row, std::size_t column) const = 0;
     // False for a deleted row and for numbers outside 1..rowCount(); Fetch skips such rows.
     virtual bool rowExists(std::int64_t row) const;
+    // No row before this one exists: a walk over the rows may start here. A scratch table that
+    // has a row put in and taken out again and again keeps every deleted row (there is no
+    // Pack), and its walks would otherwise grow with its history.
+    virtual std::int64_t firstRow() const { return 1; }
 
     // Editing. The default is a table that cannot be edited: each raises MbError 642
     // "Table <name> cannot be edited." (see table_errors.h).
