@@ -12,6 +12,7 @@
 #include "qtui/host/info_panel.h"
 #include "qtui/host/map_tool_icons.h"
 #include "qtui/host/map_window_view.h"
+#include "qtui/host/style_dialog_host.h"
 #include "qtui/host/workspace_progress.h"
 
 #include <QAction>
@@ -67,6 +68,8 @@ HostMainWindow::HostMainWindow(engine::Engine& engine, QWidget* parent)
     createToolBar();
     connect(mdi_, &QMdiArea::subWindowActivated, this, &HostMainWindow::subWindowActivated);
 
+    styleDialogs_ = new StyleDialogHost(
+        engine_, [this] { return dialogParent(); }, this);
     native_.add(engine_.host().mainWindow().hWnd(), this);
     windowsToken_ = engine_.windows().changed.add(
         [this](engine::WindowEvent event, int id) { windowEvent(event, id); });

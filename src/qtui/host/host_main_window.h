@@ -39,6 +39,7 @@ class BrowserView;
 class HostStatusBar;
 class InfoPanel;
 class MapWindowView;
+class StyleDialogHost;
 
 class HostMainWindow : public QMainWindow {
     Q_OBJECT
@@ -51,6 +52,8 @@ public:
     QMdiArea& mdiArea() const { return *mdi_; }
     HostStatusBar& hostStatusBar() const { return *status_; }
     InfoPanel& infoPanel() const { return *info_; }
+    // Opens the style dialogs the companion queues for its client.
+    StyleDialogHost& styleDialogs() const { return *styleDialogs_; }
 
     // The views of open engine windows; nullptr for another id.
     QWidget* viewFor(int windowId) const;
@@ -145,6 +148,7 @@ private:
     QMdiArea* mdi_;
     HostStatusBar* status_;
     InfoPanel* info_;
+    StyleDialogHost* styleDialogs_;
     std::map<int, View> views_;
     std::function<void(int)> layerControl_;
     std::function<void(int, const QString&)> errorReporter_;
