@@ -5,6 +5,7 @@
 #include "engine/host/host_services.h"
 #include "engine/workspace/workspace_loader.h"
 #include "engine/workspace/workspace_writer.h"
+#include "platform/file_system_object.h"
 #include "platform/form.h"
 #include "session/session.h"
 
@@ -52,6 +53,10 @@ ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir,
 ReplayRun::~ReplayRun() {
     layer_.reset();
     host_->close();
+}
+
+void ReplayRun::useTemporaryFolder(const std::filesystem::path& folder) {
+    platform::registerFileSystemObject(registry_, folder);
 }
 
 void ReplayRun::refuse(const ScriptLine& line, const std::string& why) {

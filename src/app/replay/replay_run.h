@@ -33,6 +33,9 @@ public:
     ReplayRun(const ReplayRun&) = delete;
     ReplayRun& operator=(const ReplayRun&) = delete;
 
+    // Where the program's style samples go: the system's temporary folder unless set here.
+    void useTemporaryFolder(const std::filesystem::path& folder);
+
     // Runs the script through one call of RunMapInfoLayer and answers its result. The
     // transcript ends with "result <answer>" and the host's state. Lines the session did not
     // live to see run after the call, in their order.
