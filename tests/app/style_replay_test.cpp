@@ -70,8 +70,8 @@ std::vector<std::string> stepLines(const std::vector<std::string>& lines, const 
         ADD_FAILURE() << "no step " << step;
         return {};
     }
-    auto end = std::find_if(at + 1, lines.end(),
-                            [](const std::string& l) { return l.starts_with("> "); });
+    auto end =
+        std::find_if(at + 1, lines.end(), [](const std::string& l) { return l.starts_with("> "); });
     return {at + 1, end};
 }
 
@@ -81,8 +81,8 @@ std::vector<std::string> actions(const std::vector<std::string>& lines) {
     std::vector<std::string> kept;
     for (const std::string& line : lines)
         if ((line.starts_with("do ") && !line.starts_with("do Fetch ")) ||
-            line.starts_with("companion ") ||
-            line.starts_with("dialog ") || line.starts_with("callback RunCommand"))
+            line.starts_with("companion ") || line.starts_with("dialog ") ||
+            line.starts_with("callback RunCommand"))
             kept.push_back(line);
     return kept;
 }
@@ -102,8 +102,7 @@ void expectMatching(const std::vector<std::string>& lines,
                 at += 6;
             } else {
                 const char c = patterns[i][at++];
-                if (std::string("\\^$.|?*+()[]{}").find(c) != std::string::npos)
-                    expression += '\\';
+                if (std::string("\\^$.|?*+()[]{}").find(c) != std::string::npos) expression += '\\';
                 expression += c;
             }
         }
@@ -160,16 +159,15 @@ TEST_F(StyleReplay, ALoadDrawsEverySampleInOneWindowAndLeavesNoFileBehind) {
                     "(2,16711680,16777215)"});
 
     const auto shown = stepLines(lines, "snapshot");
-    for (const char* cell :
-         {"cell 7 14 click 1 back 0xFFFFFF pic RgnStylePic text ",
-          "cell 7 15 click 1 back 0xFFFFFF pic bitmap text ",
-          "cell 6 14 click 1 back 0xFFFFFF pic RgnStyleOffPic text ",
-          "cell 4 14 click 1 back 0xFFFFFF pic LineStyleOffPic text ",
-          "cell 3 14 click 1 back 0xFFFFFF pic SymStyleOffPic text ",
-          "cell 2 14 click 1 back 0xFFFFFF pic TxtStyleOffPic text ",
-          "cell 2 19 click 1 back 0xFFFFFF pic bitmap text ",
-          "cell 1 14 click 0 back 0x80000011 pic - text ",
-          "cell 1 15 click 0 back 0x80000011 pic - text "})
+    for (const char* cell : {"cell 7 14 click 1 back 0xFFFFFF pic RgnStylePic text ",
+                             "cell 7 15 click 1 back 0xFFFFFF pic bitmap text ",
+                             "cell 6 14 click 1 back 0xFFFFFF pic RgnStyleOffPic text ",
+                             "cell 4 14 click 1 back 0xFFFFFF pic LineStyleOffPic text ",
+                             "cell 3 14 click 1 back 0xFFFFFF pic SymStyleOffPic text ",
+                             "cell 2 14 click 1 back 0xFFFFFF pic TxtStyleOffPic text ",
+                             "cell 2 19 click 1 back 0xFFFFFF pic bitmap text ",
+                             "cell 1 14 click 0 back 0x80000011 pic - text ",
+                             "cell 1 15 click 0 back 0x80000011 pic - text "})
         EXPECT_TRUE(has(shown, cell)) << cell;
     EXPECT_EQ(samplesLeft(), 0);
 }

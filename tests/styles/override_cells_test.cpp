@@ -4,6 +4,7 @@
 
 #include "base/basic_text.h"
 #include "engine/host/companion.h"
+#include "hostmodel/mapinfo_app.h"
 #include "interaction/double_click.h"
 #include "styles/style_grid.h"
 
@@ -172,6 +173,27 @@ TEST_F(StyleCells, ALabelCellClickedOnOneRowHidesOrShowsItsLabelsAndAsksForAFont
     EXPECT_EQ(info(kLines, 18), "Font (\"Arial\",0,18,0)");
     EXPECT_TRUE(cell(kLines, "label properties").picture.bitmap);
     EXPECT_EQ(grid().RowHeight(row(kLines)), 18 * 20);
+}
+
+// A host whose layer shows in a display mode the program does not know.
+class UnknownDisplayMode : public vellant::testing::RecordingMapInfo {
+public:
+    UnknownDisplayMode(std::shared_ptr<hostmodel::MapInfoApp> host, std::string asked)
+        : RecordingMapInfo(std::move(host)), asked_(std::move(asked)) {}
+    std::string eval(const std::string& expression) override {
+        return expression == asked_ ? "7" : RecordingMapInfo::eval(expression);
+    }
+
+private:
+    std::string asked_;
+};
+
+TEST_F(StyleCells, AStyleTypeTheProgramDoesNotKnowIsLoggedAndCountsAsNoOverride) {
+    session->gMapInfo = std::make_shared<UnknownDisplayMode>(app, "LayerInfo(" + Str(view) + "," +
+                                                                      Str(kLines) + ",9)");
+    click(kLines, "style");
+    EXPECT_TRUE(logged("style type 7 not yet supported")) << log();
+    EXPECT_EQ(takeDialog().kind, engine::StyleDialogKind::Line);
 }
 
 TEST_F(StyleCells, AViewClosedWhileAPickWaitsIsToldInAMessageAndTheSessionGoesOn) {

@@ -89,10 +89,10 @@ SymbolStyleDialog::SymbolStyleDialog(const engine::SymbolStyle& start, QWidget* 
     halo_->setObjectName("halo");
     border_ = new QRadioButton(tr("Bo&rder"));
     border_->setObjectName("border");
-    auto* background = new QButtonGroup(this);
+    background_ = new QButtonGroup(this);
     auto* backgroundRow = new QHBoxLayout;
     for (QRadioButton* choice : {plain_, halo_, border_}) {
-        background->addButton(choice);
+        background_->addButton(choice);
         backgroundRow->addWidget(choice);
     }
     effectRows->addRow(tr("Background:"), backgroundRow);

@@ -5,6 +5,7 @@
 #include "engine/tables/style_clause.h"
 #include "qtui/host/style_dialog.h"
 
+class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
@@ -60,6 +61,7 @@ private:
     QRadioButton* plain_ = nullptr;
     QRadioButton* halo_ = nullptr;
     QRadioButton* border_ = nullptr;
+    QButtonGroup* background_ = nullptr;
     QCheckBox* opaque_ = nullptr;
     QCheckBox* applyColor_ = nullptr;
 };

@@ -69,10 +69,10 @@ TextStyleDialog::TextStyleDialog(const engine::FontStyle& start, QWidget* parent
     halo_->setObjectName("halo");
     box_ = new QRadioButton(tr("B&ox"));
     box_->setObjectName("box");
-    auto* choices = new QButtonGroup(this);
+    backgroundChoice_ = new QButtonGroup(this);
     auto* choiceRow = new QHBoxLayout;
     for (QRadioButton* choice : {plain_, halo_, box_}) {
-        choices->addButton(choice);
+        backgroundChoice_->addButton(choice);
         choiceRow->addWidget(choice);
     }
     backRows->addRow(choiceRow);

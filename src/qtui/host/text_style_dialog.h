@@ -5,6 +5,7 @@
 #include "engine/tables/style_clause.h"
 #include "qtui/host/style_dialog.h"
 
+class QButtonGroup;
 class QCheckBox;
 class QFontComboBox;
 class QRadioButton;
@@ -43,6 +44,7 @@ private:
     QRadioButton* plain_ = nullptr;
     QRadioButton* halo_ = nullptr;
     QRadioButton* box_ = nullptr;
+    QButtonGroup* backgroundChoice_ = nullptr;
     ColorButton* back_ = nullptr;
     std::vector<std::pair<int, QCheckBox*>> effects_;
     // Style bits the dialog has no control for, kept as they came.
