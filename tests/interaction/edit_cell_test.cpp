@@ -190,8 +190,10 @@ TEST_F(CellEditor, TheLayerListOffersTheMappableTables) {
     std::vector<std::string> items;
     prepare(kRegions, "layer", "");
     ASSERT_EQ(openAndList(items), 0);
-    EXPECT_EQ(items, (std::vector<std::string>{"regions", "lines", "points", "text", "mixed",
-                                               "raster", "scratch", "qregions"}));
+    // The form's own scratch tables are mappable open tables like any other.
+    EXPECT_EQ(items,
+              (std::vector<std::string>{"regions", "lines", "points", "text", "mixed", "raster",
+                                        "scratch", "qregions", "vlStyle", "vlBounds"}));
 
     open([&] { editor().EditList.pick(2); });
     EXPECT_EQ(session->gCellText, "points");

@@ -105,10 +105,12 @@ TEST_F(CallbackTest, AnUnknownWordIsReportedAndTheSessionGoesOn) {
 TEST_F(CallbackTest, StyleInAnyCaseEndsTheStyleDialogWait) {
     step([&](session::Session& s) {
         s.gFormReady = kFalse;
+        // The load's samples gave the host's window back too; only the advice's calls count.
+        recorder->calls.clear();
         companion().giveAdvice("Style");
         EXPECT_EQ(s.gFormReady, kTrue);
         // Nothing was chosen: the pick's end only draws the grid and the map again.
-        EXPECT_THAT(callsFrom("do Set Application Window 0"),
+        EXPECT_THAT(recorder->calls,
                     ElementsAre("do Set Application Window 0",
                                 "do Set Map Window " + Str(s.gViewWin) + " redraw on"));
     });
