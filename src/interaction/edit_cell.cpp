@@ -56,6 +56,8 @@ EditCell::EditCell(platform::Toolkit& toolkit, Session& session)
     EditList.setHeight(kListHeight);
     EditList.setVisible(false);
     EditList.onClick = [this] { EditList_Click(); };
+    ecell.onKeyDown = [this](int& keyCode, int) { ecell_KeyDown(keyCode); };
+    EditList.onKeyDown = [this](int& keyCode, int) { EditList_KeyDown(keyCode); };
     registerControl(ecell);
     registerControl(EditList);
 }
@@ -108,7 +110,7 @@ void EditCell::loadeditcell() {
                 ecell.setText(s.gCellText);
                 ecell.setWidth(Width());
                 ecell.setHeight(Height());
-                ecellSelStart_ = 1;
+                ecell.setSelStart(1);
                 return;
             }
 

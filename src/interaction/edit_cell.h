@@ -33,7 +33,7 @@ public:
 
     // Where the caret stands in ecell: behind the first character, so that a character typed
     // into the cell, which stands in front of the old text, is followed by the caret.
-    int ecellSelStart() const { return ecellSelStart_; }
+    int ecellSelStart() const { return ecell.SelStart(); }
 
 protected:
     void Form_Load() override;
@@ -45,7 +45,6 @@ private:
     void onKeyDown(int keyCode, const std::string& text);
 
     Session& session_;
-    int ecellSelStart_ = 0;
 };
 
 // The session's one editor, made on first reference.

@@ -53,8 +53,11 @@ Label_Orientation::Label_Orientation(platform::Toolkit& toolkit, Session& sessio
         button.setHeight(kButtonSize);
         button.setToolTipText("Double click to select option");
         button.setVisible(false);
+        button.onDblClick = [this, index = button.Index()] { LabOrient_DblClick(index); };
+        button.onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
         registerControl(button);
     }
+    onKeyPress = [this](int& keyAscii) { Form_KeyPress(keyAscii); };
 }
 
 void Label_Orientation::Form_Load() {

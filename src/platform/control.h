@@ -28,6 +28,7 @@ enum class Property {
     Text,
     Interval,
     BackColor,
+    SelStart,
 };
 
 class Control {
@@ -58,6 +59,8 @@ public:
     const std::string& Text() const { return text_; }
     // 0x00BBGGRR, or a system colour such as 0x80000005 (the window background), the default.
     std::uint32_t BackColor() const { return backColor_; }
+    // Where the caret stands in a text box, counted in characters from the start.
+    int SelStart() const { return selStart_; }
 
     void setLeft(int v) { assign(left_, v, Property::Left); }
     void setTop(int v) { assign(top_, v, Property::Top); }
@@ -74,12 +77,28 @@ public:
     void setPicture(const vellant::platform::Picture& v) { assign(picture_, v, Property::Picture); }
     void setText(const std::string& v) { assign(text_, v, Property::Text); }
     void setBackColor(std::uint32_t v) { assign(backColor_, v, Property::BackColor); }
+    void setSelStart(int v) { assign(selStart_, v, Property::SelStart); }
     void Move(int left, int top, int width, int height);
 
     // The handler a click (by the user or by a value change) reaches.
     std::function<void()> onClick;
     void Click() {
         if (onClick) onClick();
+    }
+    // The user's double click, and the keys while the control has the focus: KeyDown with the
+    // key code and the shift state, KeyPress with the character. A handler may set the key to
+    // 0 to swallow it.
+    std::function<void()> onDblClick;
+    std::function<void(int& keyCode, int shift)> onKeyDown;
+    std::function<void(int& keyAscii)> onKeyPress;
+    void DblClick() {
+        if (onDblClick) onDblClick();
+    }
+    void KeyDown(int keyCode, int shift = 0) {
+        if (onKeyDown) onKeyDown(keyCode, shift);
+    }
+    void KeyPress(int keyAscii) {
+        if (onKeyPress) onKeyPress(keyAscii);
     }
 
     // Observers hear of every property that changes value, after the change. An observer may
@@ -110,6 +129,7 @@ private:
     vellant::platform::Picture picture_;
     std::string text_;
     std::uint32_t backColor_ = 0x80000005;
+    int selStart_ = 0;
     ObserverList<Control&, Property> observers_;
 };
 

@@ -192,6 +192,9 @@ public:
     void mouseUp(int button, int shift, float x, float y);
     // A left press and release.
     void click(float x, float y);
+    // The second press of a double click: DblClick, and its release gives MouseUp without a
+    // Click. A desktop delivers a double click as a click and then this press and a release.
+    void doubleClickPress(float x, float y);
     // MouseDown, MouseUp, Click, DblClick, MouseUp, as a double click of the left button gives.
     void doubleClick(float x, float y);
     void keyPress(int keyAscii);
@@ -249,6 +252,7 @@ private:
     int dragMode_ = vbManual;
     bool dragging_ = false;
     SelectMode selecting_ = SelectMode::None;
+    bool releaseEndsDoubleClick_ = false;
 
     ObserverList<const GridChange&> gridObservers_;
 };

@@ -109,7 +109,12 @@ void FlexGrid::mouseUp(int button, int shift, float x, float y) {
         return;
     }
     if (onMouseUp) onMouseUp(button, shift, x, y);
-    if (button == vbLeftButton) Click();
+    if (button != vbLeftButton) return;
+    if (releaseEndsDoubleClick_) {
+        releaseEndsDoubleClick_ = false;
+        return;
+    }
+    Click();
 }
 
 void FlexGrid::click(float x, float y) {
@@ -117,11 +122,17 @@ void FlexGrid::click(float x, float y) {
     mouseUp(vbLeftButton, 0, x, y);
 }
 
+void FlexGrid::doubleClickPress(float x, float y) {
+    if (!Enabled()) return;
+    setMousePosition(x, y);
+    releaseEndsDoubleClick_ = true;
+    fire(onDblClick);
+}
+
 void FlexGrid::doubleClick(float x, float y) {
     click(x, y);
-    if (!Enabled()) return;
-    fire(onDblClick);
-    if (onMouseUp) onMouseUp(vbLeftButton, 0, x, y);
+    doubleClickPress(x, y);
+    mouseUp(vbLeftButton, 0, x, y);
 }
 
 void FlexGrid::keyPress(int keyAscii) {
