@@ -71,6 +71,9 @@ public:
     // A value assignment fires the control's click handler when it changes, as a check box or
     // option button does when the program sets it.
     void setValue(int v);
+    // An option button whose set has another choice now: the value goes to 0 and observers
+    // hear of it, but no click follows, as the desktop's option buttons raise none then.
+    void clearOptionValue() { assign(value_, 0, Property::Value); }
     void setCaption(const std::string& v) { assign(caption_, v, Property::Caption); }
     void setToolTipText(const std::string& v) { assign(toolTipText_, v, Property::ToolTipText); }
     void setChecked(bool v) { assign(checked_, v, Property::Checked); }
@@ -94,11 +97,14 @@ public:
     void DblClick() {
         if (onDblClick) onDblClick();
     }
-    void KeyDown(int keyCode, int shift = 0) {
+    // Each answers the key as the handler left it, 0 when it was swallowed.
+    int KeyDown(int keyCode, int shift = 0) {
         if (onKeyDown) onKeyDown(keyCode, shift);
+        return keyCode;
     }
-    void KeyPress(int keyAscii) {
+    int KeyPress(int keyAscii) {
         if (onKeyPress) onKeyPress(keyAscii);
+        return keyAscii;
     }
 
     // Observers hear of every property that changes value, after the change. An observer may

@@ -3,35 +3,13 @@
 #include "base/runtime_error.h"
 #include "platform/form.h"
 #include "platform/menu_item.h"
+#include "platform/message_box.h"
 #include "platform/timer.h"
 
 #include <algorithm>
 #include <stdexcept>
 
 namespace vellant::platform {
-
-namespace {
-
-std::vector<int> buttonsOf(int style) {
-    switch (style & 0xF) {
-    case vbOKOnly:
-        return {vbOK};
-    case vbOKCancel:
-        return {vbOK, vbCancel};
-    case vbAbortRetryIgnore:
-        return {vbAbort, vbRetry, vbIgnore};
-    case vbYesNoCancel:
-        return {vbYes, vbNo, vbCancel};
-    case vbYesNo:
-        return {vbYes, vbNo};
-    case vbRetryCancel:
-        return {vbRetry, vbCancel};
-    default:
-        raiseError(kErrInvalidCall);
-    }
-}
-
-} // namespace
 
 // ---- the script ----
 
@@ -99,10 +77,8 @@ void ScriptedToolkit::PopupMenu(Form&, MenuItem& menu) {
 // ---- message boxes and dialogs ----
 
 int ScriptedToolkit::MsgBox(const std::string& prompt, int buttons, const std::string& title) {
-    const std::vector<int> offered = buttonsOf(buttons);
-    int answer = offered.front();
-    const auto defaultIndex = static_cast<std::size_t>((buttons >> 8) & 0xF);
-    if (defaultIndex < offered.size()) answer = offered[defaultIndex];
+    const std::vector<int> offered = messageBoxButtons(buttons);
+    int answer = messageBoxDefault(buttons);
     if (!answers_.empty()) {
         answer = answers_.front();
         answers_.pop_front();

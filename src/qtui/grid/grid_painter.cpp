@@ -1,0 +1,156 @@
+#include "qtui/grid/grid_painter.h"
+
+#include "qtui/art/artwork.h"
+#include "qtui/ole_colors.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <cctype>
+#include <string>
+
+namespace vellant::qtui {
+
+namespace {
+
+constexpr int kAlignStretch = 9;
+constexpr int kTextPadding = 3;
+// The grid control's own line colour.
+const QColor kGridLine(0xC0, 0xC0, 0xC0);
+
+bool isNumber(const std::string& text) {
+    std::size_t i = 0;
+    while (i < text.size() && text[i] == ' ')
+        ++i;
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) ++i;
+    bool digits = false;
+    bool point = false;
+    for (; i < text.size(); ++i) {
+        const char c = text[i];
+        if (std::isdigit(static_cast<unsigned char>(c))) {
+            digits = true;
+        } else if (c == '.' && !point) {
+            point = true;
+        } else if (c != ' ') {
+            return false;
+        }
+    }
+    return digits;
+}
+
+bool inSelection(const platform::FlexGrid& grid, int row, int col) {
+    const int top = std::min(grid.Row(), grid.RowSel());
+    const int bottom = std::max(grid.Row(), grid.RowSel());
+    const int left = std::min(grid.Col(), grid.ColSel());
+    const int right = std::max(grid.Col(), grid.ColSel());
+    return row >= top && row <= bottom && col >= left && col <= right;
+}
+
+QPixmap cellPixmap(const platform::GridCell& cell, const GridLook& look, QSize size,
+                   bool monochrome) {
+    QPixmap pixmap = picturePixmap(cell.picture, size, look.devicePixelRatio);
+    if (!monochrome || pixmap.isNull()) return pixmap;
+    QImage gray = pixmap.toImage().convertToFormat(QImage::Format_Grayscale8);
+    QPixmap result = QPixmap::fromImage(gray);
+    result.setDevicePixelRatio(pixmap.devicePixelRatio());
+    return result;
+}
+
+void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand& row,
+               const GridBand& col, const GridLook& look) {
+    const platform::GridCell& cell = grid.cellAt(row.index, col.index);
+    const bool fixed = row.index < grid.FixedRows() || col.index < grid.FixedCols();
+    const QPalette& p = look.palette;
+    const QRect rect(col.start, row.start, col.size, row.size);
+
+    QColor back = fixed ? p.color(QPalette::Button) : p.color(QPalette::Base);
+    if (cell.backColor != 0) back = oleColour(cell.backColor, p);
+    painter.fillRect(rect, back);
+
+    const bool current = row.index == grid.Row() && col.index == grid.Col();
+    if (!fixed && !current && inSelection(grid, row.index, col.index)) {
+        QColor tint = p.color(QPalette::Highlight);
+        tint.setAlpha(96);
+        painter.fillRect(rect, tint);
+    }
+
+    const QRect inner = rect.adjusted(0, 0, -1, -1);
+    painter.save();
+    painter.setClipRect(inner);
+    if (!cell.picture.empty()) {
+        QSize size = pictureSize(cell.picture, look.scale.twipsPerPixel());
+        if (cell.pictureAlignment == kAlignStretch) size = inner.size();
+        const QPixmap pixmap =
+            cellPixmap(cell, look, size, grid.PictureType() == platform::flexPictureMonochrome);
+        if (!pixmap.isNull()) {
+            if (cell.pictureAlignment == platform::flexPicAlignTile)
+                painter.drawTiledPixmap(inner, pixmap);
+            else
+                painter.drawPixmap(pictureRect(inner, size, cell.pictureAlignment), pixmap);
+        }
+    }
+    if (!cell.text.empty()) {
+        QFont font = look.font;
+        font.setBold(cell.fontBold);
+        painter.setFont(font);
+        painter.setPen(oleColour(grid.ForeColor(), p));
+        Qt::Alignment align = Qt::AlignVCenter;
+        if (row.index < grid.FixedRows())
+            align |= Qt::AlignHCenter;
+        else if (isNumber(cell.text))
+            align |= Qt::AlignRight;
+        else
+            align |= Qt::AlignLeft;
+        painter.drawText(inner.adjusted(kTextPadding, 0, -kTextPadding, 0), align,
+                         QString::fromStdString(cell.text));
+    }
+    painter.restore();
+
+    if (fixed) {
+        // A raised edge, as the fixed cells of the grid control have.
+        painter.setPen(p.color(QPalette::Light));
+        painter.drawLine(rect.topLeft(), QPoint(rect.right() - 1, rect.top()));
+        painter.drawLine(rect.topLeft(), QPoint(rect.left(), rect.bottom() - 1));
+        painter.setPen(p.color(QPalette::Mid));
+        painter.drawLine(rect.topRight(), rect.bottomRight());
+        painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+    } else {
+        painter.setPen(kGridLine);
+        painter.drawLine(rect.topRight(), rect.bottomRight());
+        painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+    }
+    if (current && !fixed && look.focused) {
+        QPen focus(p.color(QPalette::Text), 1, Qt::DotLine);
+        painter.setPen(focus);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect.adjusted(1, 1, -2, -2));
+    }
+}
+
+} // namespace
+
+QRect pictureRect(const QRect& cell, QSize picture, int alignment) {
+    if (alignment == kAlignStretch) return cell;
+    const int column = alignment / 3; // 0 left, 1 centre, 2 right
+    const int line = alignment % 3;   // 0 top, 1 middle, 2 bottom
+    int x = cell.left();
+    if (column == 1) x = cell.left() + (cell.width() - picture.width()) / 2;
+    if (column == 2) x = cell.right() + 1 - picture.width();
+    int y = cell.top();
+    if (line == 1) y = cell.top() + (cell.height() - picture.height()) / 2;
+    if (line == 2) y = cell.bottom() + 1 - picture.height();
+    return {QPoint(x, y), picture};
+}
+
+void paintGrid(QPainter& painter, const platform::FlexGrid& grid, const std::vector<GridBand>& rows,
+               const std::vector<GridBand>& cols, const GridLook& look, const QRect& clip) {
+    painter.fillRect(clip, look.palette.color(QPalette::Dark));
+    for (const GridBand& row : rows) {
+        if (row.end() <= clip.top() || row.start > clip.bottom()) continue;
+        for (const GridBand& col : cols) {
+            if (col.end() <= clip.left() || col.start > clip.right()) continue;
+            paintCell(painter, grid, row, col, look);
+        }
+    }
+}
+
+} // namespace vellant::qtui
