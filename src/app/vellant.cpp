@@ -1,6 +1,7 @@
 // vellant: the embedded map host on the desktop. Opens a workspace (the world demo when none is
 // named) in the host's main window; --screenshot draws the window into a picture and exits.
 
+#include "app/desktop/desktop_layer_control.h"
 #include "engine/engine.h"
 #include "engine/mb_error.h"
 #include "qtui/host/host_main_window.h"
@@ -153,8 +154,11 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Vellant");
     QApplication::setApplicationVersion("1.0");
 
-    vellant::engine::Engine engine;
-    vellant::qtui::HostMainWindow window(engine);
+    const auto engine = std::make_shared<vellant::engine::Engine>();
+    vellant::qtui::HostMainWindow window(*engine);
+    vellant::desktop::DesktopLayerControl layers(
+        engine, window, vellant::desktop::DesktopLayerControl::defaultAppDir());
+    window.setLayerControl([&layers](int mapWindowId) { layers.start(mapWindowId); });
     bool failed = false;
     if (options->screenshot) {
         window.setErrorReporter([&failed](int code, const QString& text) {

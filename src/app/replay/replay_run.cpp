@@ -1,5 +1,6 @@
 #include "app/replay/replay_run.h"
 
+#include "app/replay/scripted_desk.h"
 #include "app/replay/window_verbs.h"
 #include "base/runtime_error.h"
 #include "engine/host/host_services.h"
@@ -20,7 +21,8 @@ constexpr platform::WindowRect kMainWindowAtStart{0, 0, 1600, 1000};
 
 } // namespace
 
-ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out)
+ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out,
+                     const DeskMaker& makeDesk)
     : folder_(std::filesystem::absolute(workspace).parent_path()), transcript_(out),
       engine_(std::make_shared<engine::Engine>()),
       host_(std::make_shared<engine::MapInfoAutomation>(engine_)),
@@ -33,18 +35,17 @@ ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir,
     recorder_ = std::make_shared<RecordingHost>(host_, transcript_);
     registry_.registerRunning(engine::MapInfoAutomation::kClassName, recorder_);
 
-    toolkit_.onMessage = [this](const platform::ScriptedToolkit::Message& message) {
-        transcript_.write("msgbox", message.prompt);
-    };
-    toolkit_.onWindowPos = [this](const platform::ScriptedToolkit::WindowPosCall& call) {
+    desk_ = makeDesk ? makeDesk(*engine_) : std::make_unique<ScriptedDesk>();
+    desk_->onMessage = [this](const std::string& prompt) { transcript_.write("msgbox", prompt); };
+    desk_->onWindowPos = [this](const platform::ScriptedToolkit::WindowPosCall& call) {
         writeWindowPos(*this, call);
     };
     // MapInfo's main window stands where a desktop would have it until the script moves it.
     platform::WindowPlacement placement;
     placement.showCmd = platform::SW_SHOWNORMAL;
     placement.rcNormalPosition = kMainWindowAtStart;
-    toolkit_.setWindowPlacement(engine_->host().mainWindow().hWnd(), placement);
-    layer_ = std::make_unique<session::vlLayer>(toolkit_, registry_, std::move(appDir));
+    desk_->placeHostWindow(engine_->host().mainWindow().hWnd(), placement);
+    layer_ = std::make_unique<session::vlLayer>(desk_->toolkit(), registry_, std::move(appDir));
     layer_->onSessionStart = [this](session::Session& s) {
         s.onLogLine = [this](const std::string& line) { transcript_.write("log", line); };
     };
@@ -52,6 +53,7 @@ ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir,
 
 ReplayRun::~ReplayRun() {
     layer_.reset();
+    desk_.reset();
     host_->close();
 }
 
@@ -84,7 +86,7 @@ void ReplayRun::runLine(const ScriptLine& line) {
 }
 
 void ReplayRun::scheduleNext() {
-    toolkit_.addStep([this] { takeStep(); });
+    desk_->addStep([this] { takeStep(); });
 }
 
 void ReplayRun::takeStep() {
@@ -100,7 +102,7 @@ void ReplayRun::takeStep() {
 
 void ReplayRun::scriptEnded() {
     styleDialogs_.cancelOpen();
-    platform::Form* form = toolkit_.modalForm();
+    platform::Form* form = desk_->modalForm();
     if (!form) return;
     transcript_.write("hide", form->Name());
     form->Hide();

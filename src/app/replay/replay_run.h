@@ -5,17 +5,18 @@
 // script (replay_verbs.h) act through the members below.
 
 #include "app/replay/recording_host.h"
+#include "app/replay/replay_desk.h"
 #include "app/replay/script.h"
 #include "app/replay/style_dialogs.h"
 #include "app/replay/transcript.h"
 #include "engine/engine.h"
 #include "engine/host/mapinfo_automation.h"
 #include "platform/automation.h"
-#include "platform/scripted_toolkit.h"
 #include "session/vl_layer.h"
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -28,7 +29,11 @@ public:
     // Opens the workspace; its errors (engine::MbError: 825 for a file that cannot be read, a
     // failing statement's own) pass to the caller before anything is written. appDir is the
     // program's application directory and must exist.
-    ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out);
+    // The desk is made once the workspace is open (a desk with a screen shows its windows);
+    // without a maker the run is headless on the scripted desk.
+    using DeskMaker = std::function<std::unique_ptr<ReplayDesk>(engine::Engine&)>;
+    ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out,
+              const DeskMaker& makeDesk = {});
     ~ReplayRun();
     ReplayRun(const ReplayRun&) = delete;
     ReplayRun& operator=(const ReplayRun&) = delete;
@@ -43,7 +48,7 @@ public:
 
     // ---- for the verbs ----
     Transcript& transcript() { return transcript_; }
-    platform::ScriptedToolkit& toolkit() { return toolkit_; }
+    ReplayDesk& desk() { return *desk_; }
     engine::Engine& engine() { return *engine_; }
     session::vlLayer& layer() { return *layer_; }
     StyleDialogs& styleDialogs() { return styleDialogs_; }
@@ -70,7 +75,7 @@ private:
     std::shared_ptr<engine::MapInfoAutomation> host_;
     StyleDialogs styleDialogs_;
     platform::AutomationRegistry registry_;
-    platform::ScriptedToolkit toolkit_;
+    std::unique_ptr<ReplayDesk> desk_;
     std::shared_ptr<RecordingHost> recorder_;
     std::unique_ptr<session::vlLayer> layer_;
     std::vector<ScriptLine> script_;

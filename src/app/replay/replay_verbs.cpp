@@ -22,10 +22,6 @@ namespace vellant::replay {
 
 namespace {
 
-// The layer forms' check boxes: a click turns their value over, which runs their handler, where
-// a button's click runs its handler directly.
-constexpr std::array<std::string_view, 3> kCheckBoxes = {"MapImmediate", "Docked", "map_bounds"};
-
 // "Name" or "Name(index)" for a member of a control array.
 struct ControlName {
     std::string name;
@@ -58,7 +54,7 @@ platform::Control* findControl(const platform::Form& form, const ControlName& wa
 }
 
 void press(ReplayRun& replay, const ScriptLine& line) {
-    platform::Form* form = replay.toolkit().modalForm();
+    platform::Form* form = replay.desk().modalForm();
     if (!form) return replay.refuse(line, "no form is shown");
     const ControlName wanted = parseControlName(line.argument);
     if (!wanted.valid) return replay.refuse(line, "'" + line.argument + "' is no control name");
@@ -68,12 +64,7 @@ void press(ReplayRun& replay, const ScriptLine& line) {
     if (!control->Visible() || !control->Enabled())
         return replay.refuse(line, control->Name() + " cannot be clicked: it is " +
                                        (control->Visible() ? "disabled" : "hidden"));
-    const bool checkBox =
-        std::find(kCheckBoxes.begin(), kCheckBoxes.end(), control->Name()) != kCheckBoxes.end();
-    if (checkBox)
-        control->setValue(control->Value() == 0 ? 1 : 0);
-    else
-        control->Click();
+    replay.desk().hands().press(*control);
 }
 
 void advice(ReplayRun& replay, const ScriptLine& line) {
@@ -101,10 +92,10 @@ void host(ReplayRun& replay, const ScriptLine& line) {
 
 void answer(ReplayRun& replay, const ScriptLine& line) {
     const std::string& word = line.argument;
-    replay.toolkit().queueAnswer(word == "ok"    ? platform::vbOK
-                                 : word == "yes" ? platform::vbYes
-                                 : word == "no"  ? platform::vbNo
-                                                 : platform::vbCancel);
+    replay.desk().queueAnswer(word == "ok"    ? platform::vbOK
+                              : word == "yes" ? platform::vbYes
+                              : word == "no"  ? platform::vbNo
+                                              : platform::vbCancel);
 }
 
 void style(ReplayRun& replay, const ScriptLine& line) {
@@ -120,6 +111,7 @@ void snapshot(ReplayRun& replay, const ScriptLine& line) {
     for (const platform::Control& picture : s->gLayerForm->ToggleStatusPic.all())
         if (picture.Visible()) status = std::to_string(picture.Index());
     replay.transcript().write("togglestatus", status);
+    replay.desk().snapshotTaken(*s);
 }
 
 constexpr std::array<std::string_view, 4> kAnswers = {"ok", "yes", "no", "cancel"};

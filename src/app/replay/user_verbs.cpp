@@ -132,10 +132,8 @@ std::optional<std::pair<Point, Point>> twoCells(ReplayRun& replay, const ScriptL
 }
 
 // A press, a move with the button down and a release: the way a user selects or drags.
-void pressMoveRelease(platform::FlexGrid& grid, Point from, Point to) {
-    grid.mouseDown(platform::vbLeftButton, 0, from.x, from.y);
-    grid.mouseMove(platform::vbLeftButton, 0, to.x, to.y);
-    grid.mouseUp(platform::vbLeftButton, 0, to.x, to.y);
+void pressMoveRelease(ReplayRun& replay, platform::FlexGrid& grid, Point from, Point to) {
+    replay.desk().hands().drag(grid, from.x, from.y, to.x, to.y);
 }
 
 void rowsInColumn(ReplayRun& replay, const ScriptLine& line, const std::string& column) {
@@ -144,22 +142,21 @@ void rowsInColumn(ReplayRun& replay, const ScriptLine& line, const std::string& 
     const std::vector<std::string> parts = words(line.argument);
     if (parts.size() != 2) return replay.refuse(line, "expected <row1> <row2>");
     const auto cells = twoCells(replay, line, {parts[0], column, parts[1], column});
-    if (cells) pressMoveRelease(form->LyrGrid, cells->first, cells->second);
+    if (cells) pressMoveRelease(replay, form->LyrGrid, cells->first, cells->second);
 }
 
 // The cell editor when it is the form in front.
 interaction::EditCell* openEditor(ReplayRun& replay) {
     session::Session* s = replay.layer().currentSession();
     if (!s || !s->gEditCell) return nullptr;
-    if (replay.toolkit().modalForm() != s->gEditCell.get() || !s->gEditCell->Visible())
-        return nullptr;
+    if (replay.desk().modalForm() != s->gEditCell.get() || !s->gEditCell->Visible()) return nullptr;
     return s->gEditCell.get();
 }
 
 interaction::Label_Orientation* openPicker(ReplayRun& replay) {
     session::Session* s = replay.layer().currentSession();
     if (!s || !s->gLabelOrient) return nullptr;
-    if (replay.toolkit().modalForm() != s->gLabelOrient.get() || !s->gLabelOrient->Visible())
+    if (replay.desk().modalForm() != s->gLabelOrient.get() || !s->gLabelOrient->Visible())
         return nullptr;
     return s->gLabelOrient.get();
 }
@@ -167,18 +164,19 @@ interaction::Label_Orientation* openPicker(ReplayRun& replay) {
 // A key goes to the control that has the focus: the editor's box or list, the picker, or else
 // the grid.
 void pressKey(ReplayRun& replay, const ScriptLine& line, int key) {
+    UserHands& hands = replay.desk().hands();
     if (interaction::EditCell* editor = openEditor(replay)) {
         if (editor->EditList.Visible())
-            editor->EditList_KeyDown(key);
+            hands.keyToControl(editor->EditList, key);
         else
-            editor->ecell_KeyDown(key);
+            hands.keyToControl(editor->ecell, key);
         return;
     }
     if (interaction::Label_Orientation* picker = openPicker(replay)) {
-        picker->Form_KeyPress(key);
+        hands.keyToControl(*picker, key);
         return;
     }
-    if (session::LayerForm* form = layerForm(replay, line)) form->LyrGrid.keyPress(key);
+    if (session::LayerForm* form = layerForm(replay, line)) hands.keyToGrid(form->LyrGrid, key);
 }
 
 } // namespace
@@ -186,7 +184,8 @@ void pressKey(ReplayRun& replay, const ScriptLine& line, int key) {
 void clickVerb(ReplayRun& replay, const ScriptLine& line) {
     if (!layerForm(replay, line)) return;
     if (const auto at = cellArgument(replay, line))
-        replay.layer().currentSession()->gLayerForm->LyrGrid.click(at->x, at->y);
+        replay.desk().hands().click(replay.layer().currentSession()->gLayerForm->LyrGrid, at->x,
+                                    at->y);
 }
 
 void rightClickVerb(ReplayRun& replay, const ScriptLine& line) {
@@ -196,20 +195,20 @@ void rightClickVerb(ReplayRun& replay, const ScriptLine& line) {
     // The menu item of the next line is the choice made in the menu this press opens.
     const ScriptLine* next = replay.upcoming();
     if (next && next->verb->name == "menu") {
-        replay.toolkit().queuePopupChoice(next->argument);
+        replay.desk().queuePopupChoice(next->argument);
         replay.consumeUpcoming();
     } else {
-        replay.toolkit().queuePopupChoice("");
+        replay.desk().queuePopupChoice("");
     }
-    platform::FlexGrid& grid = replay.layer().currentSession()->gLayerForm->LyrGrid;
-    grid.mouseDown(platform::vbRightButton, 0, at->x, at->y);
-    grid.mouseUp(platform::vbRightButton, 0, at->x, at->y);
+    replay.desk().hands().rightClick(replay.layer().currentSession()->gLayerForm->LyrGrid, at->x,
+                                     at->y);
 }
 
 void doubleClickVerb(ReplayRun& replay, const ScriptLine& line) {
     if (!layerForm(replay, line)) return;
     if (const auto at = cellArgument(replay, line))
-        replay.layer().currentSession()->gLayerForm->LyrGrid.doubleClick(at->x, at->y);
+        replay.desk().hands().doubleClick(replay.layer().currentSession()->gLayerForm->LyrGrid,
+                                          at->x, at->y);
 }
 
 // Whole rows are selected by pressing in the first column and dragging down it.
@@ -223,7 +222,7 @@ void selectCellsVerb(ReplayRun& replay, const ScriptLine& line) {
     const std::vector<std::string> parts = words(line.argument);
     if (parts.size() != 4) return replay.refuse(line, "expected <row1> <col1> <row2> <col2>");
     if (const auto cells = twoCells(replay, line, parts))
-        pressMoveRelease(form->LyrGrid, cells->first, cells->second);
+        pressMoveRelease(replay, form->LyrGrid, cells->first, cells->second);
 }
 
 // A layer is dragged by its handle in the column "order". The grid takes the drop's row from the
@@ -240,7 +239,7 @@ void dragVerb(ReplayRun& replay, const ScriptLine& line) {
     const platform::FlexGrid& grid = form->LyrGrid;
     Point drop = cells->second;
     drop.y += static_cast<float>(grid.RowHeight(*number(parts[1]))) / 4;
-    pressMoveRelease(form->LyrGrid, cells->first, drop);
+    pressMoveRelease(replay, form->LyrGrid, cells->first, drop);
 }
 
 void keyVerb(ReplayRun& replay, const ScriptLine& line) {
@@ -251,13 +250,10 @@ void keyVerb(ReplayRun& replay, const ScriptLine& line) {
 void typeVerb(ReplayRun& replay, const ScriptLine& line) {
     interaction::EditCell* editor = openEditor(replay);
     if (!editor) return replay.refuse(line, "no cell editor is open");
-    if (editor->EditList.Visible()) {
-        editor->EditList.type(line.argument);
-        editor->EditList_KeyDown(kKeyEnter);
-    } else {
-        editor->ecell.setText(line.argument);
-        editor->ecell_KeyDown(kKeyEnter);
-    }
+    if (editor->EditList.Visible())
+        replay.desk().hands().typeAndEnter(editor->EditList, line.argument);
+    else
+        replay.desk().hands().typeAndEnter(editor->ecell, line.argument);
 }
 
 void enterVerb(ReplayRun& replay, const ScriptLine& line) {
@@ -275,7 +271,7 @@ void pickVerb(ReplayRun& replay, const ScriptLine& line) {
     if (!n || *n < 1 || *n > editor->EditList.ListCount())
         return replay.refuse(line, "the list has " + std::to_string(editor->EditList.ListCount()) +
                                        " items");
-    editor->EditList.pick(*n - 1);
+    replay.desk().hands().pick(editor->EditList, *n - 1);
 }
 
 void menuVerb(ReplayRun& replay, const ScriptLine& line) {
@@ -296,9 +292,8 @@ void menuVerb(ReplayRun& replay, const ScriptLine& line) {
     platform::FlexGrid& grid = form->LyrGrid;
     const auto at = cellMiddle(replay, line, grid.Row(), grid.Col());
     if (!at) return;
-    replay.toolkit().queuePopupChoice(item->Name());
-    grid.mouseDown(platform::vbRightButton, 0, at->x, at->y);
-    grid.mouseUp(platform::vbRightButton, 0, at->x, at->y);
+    replay.desk().queuePopupChoice(item->Name());
+    replay.desk().hands().rightClick(grid, at->x, at->y);
 }
 
 void orientVerb(ReplayRun& replay, const ScriptLine& line) {
@@ -306,7 +301,7 @@ void orientVerb(ReplayRun& replay, const ScriptLine& line) {
     if (!picker) return replay.refuse(line, "the orientation picker is not open");
     const std::optional<int> code = number(line.argument);
     if (!code || *code < 0 || *code > 8) return replay.refuse(line, "a code is 0 to 8");
-    picker->LabOrient_DblClick(*code);
+    replay.desk().hands().doubleClick(picker->LabOrient(*code));
 }
 
 } // namespace vellant::replay

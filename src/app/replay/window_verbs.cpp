@@ -57,7 +57,7 @@ session::LayerForm* loadedLayerForm(ReplayRun& replay) {
 
 std::string windowName(ReplayRun& replay, std::int32_t hwnd) {
     if (hwnd == mainWindow(replay)) return "MapInfo";
-    for (const platform::Form* form : replay.toolkit().loadedForms())
+    for (const platform::Form* form : replay.desk().loadedForms())
         if (form->hWnd() == hwnd) return form->Name();
     return std::to_string(hwnd);
 }
@@ -91,16 +91,14 @@ void screenVerb(ReplayRun& replay, const ScriptLine& line) {
     const auto size = numbers(words(line.argument), 0, 2);
     if (!size || (*size)[0] <= 0 || (*size)[1] <= 0)
         return replay.refuse(line, "expected <width> <height> in pixels");
-    platform::ScreenMetrics screen = replay.toolkit().Screen();
-    screen.Width = (*size)[0] * screen.TwipsPerPixelX;
-    screen.Height = (*size)[1] * screen.TwipsPerPixelY;
-    replay.toolkit().setScreen(screen);
+    if (!replay.desk().setScreen((*size)[0], (*size)[1]))
+        replay.refuse(line, "the screen is the platform's own here");
 }
 
 void hostWindowVerb(ReplayRun& replay, const ScriptLine& line) {
     const std::vector<std::string> parts = words(line.argument);
     platform::WindowPlacement placement;
-    replay.toolkit().GetWindowPlacement(mainWindow(replay), placement);
+    replay.desk().toolkit().GetWindowPlacement(mainWindow(replay), placement);
     const std::string state = parts.empty() ? "" : parts[0];
     if (state == "normal" || state == "restored") {
         const auto rect = numbers(parts, 1, 4);
@@ -119,11 +117,12 @@ void hostWindowVerb(ReplayRun& replay, const ScriptLine& line) {
                                    "maximized, minimized or showcmd <n>");
     }
     // The normal rectangle stays what it was while the window is maximised or minimised.
-    replay.toolkit().setWindowPlacement(mainWindow(replay), placement);
+    if (!replay.desk().placeHostWindow(mainWindow(replay), placement))
+        replay.refuse(line, "this desktop puts no window in that state");
 }
 
 void tickVerb(ReplayRun& replay, const ScriptLine& line) {
-    if (replay.toolkit().fireTimers() == 0) replay.refuse(line, "no timer is running");
+    if (replay.desk().tickTimers() == 0) replay.refuse(line, "no timer is running");
 }
 
 void formHeightVerb(ReplayRun& replay, const ScriptLine& line) {
@@ -131,9 +130,7 @@ void formHeightVerb(ReplayRun& replay, const ScriptLine& line) {
     if (!form) return replay.refuse(line, "no layer form is loaded");
     const std::optional<int> height = number(line.argument);
     if (!height || *height <= 0) return replay.refuse(line, "expected a height in twips");
-    const int bottom = form->Top() + form->Height();
-    form->setHeight(*height);
-    form->setTop(bottom - *height);
+    replay.desk().dragFormHeight(*form, *height);
 }
 
 void geometryVerb(ReplayRun& replay, const ScriptLine& line) {
@@ -147,7 +144,7 @@ void geometryVerb(ReplayRun& replay, const ScriptLine& line) {
         writeControl(transcript, *control);
     const platform::Timer& timer = form->Timer1;
     transcript.write("timer", timer.Name() + " interval " + std::to_string(timer.Interval()) +
-                                  (replay.toolkit().isTimerRunning(timer) ? " on" : " off"));
+                                  (replay.desk().timerRunning(timer) ? " on" : " off"));
 }
 
 void writeWindowPos(ReplayRun& replay, const platform::ScriptedToolkit::WindowPosCall& call) {

@@ -1,6 +1,7 @@
 #include "qtui/host/host_main_window.h"
 
 #include "engine/engine.h"
+#include "engine/host/companion.h"
 #include "engine/host/host_services.h"
 #include "engine/mb_error.h"
 #include "engine/mb_value_text.h"
@@ -22,6 +23,7 @@
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <cmath>
 
@@ -407,12 +409,38 @@ void HostMainWindow::syncMainWindowControl() {
     const double twipsPerPixel = kTwipsPerInch / dpi();
     auto twips = [&](int px) { return static_cast<int>(std::lround(px * twipsPerPixel)); };
     const QRect box = geometry();
+    const int left = control.Left(), top = control.Top();
+    const int width = control.Width(), height = control.Height(), state = control.Value();
     control.Move(twips(box.x()), twips(box.y()), twips(box.width()), twips(box.height()));
     control.setVisible(isVisible());
-    const Qt::WindowStates state = windowState();
-    control.setValue(state.testFlag(Qt::WindowMinimized)   ? 1
-                     : state.testFlag(Qt::WindowMaximized) ? 2
-                                                           : 0);
+    const Qt::WindowStates states = windowState();
+    control.setValue(states.testFlag(Qt::WindowMinimized)   ? 1
+                     : states.testFlag(Qt::WindowMaximized) ? 2
+                                                            : 0);
+    if (left != control.Left() || top != control.Top() || width != control.Width() ||
+        height != control.Height() || state != control.Value())
+        adviseWindowChanged();
+}
+
+bool HostMainWindow::companionListens() {
+    engine::HostServices& host = engine_.host();
+    return host.companion() != nullptr &&
+           host.findButtonPad(engine::Companion::kPadName) != nullptr;
+}
+
+void HostMainWindow::adviseWindowChanged() {
+    if (advicePending_ || !companionListens()) return;
+    advicePending_ = true;
+    QTimer::singleShot(0, this, [this] {
+        advicePending_ = false;
+        if (companionListens()) engine_.host().companion()->hostWindowMoved();
+    });
+}
+
+void HostMainWindow::closeEvent(QCloseEvent* event) {
+    // A client's window that sits on this one goes first, as the host's own would.
+    if (companionListens()) engine_.host().companion()->hostClosing();
+    QMainWindow::closeEvent(event);
 }
 
 void HostMainWindow::moveEvent(QMoveEvent* event) {

@@ -93,6 +93,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -138,6 +139,11 @@ private:
     void subWindowClosing(int id);
     void syncMainWindowControl();
     void repaintMaps();
+    // The companion tells a client of the main window: "resize" once a burst of moves and
+    // resizes is over, "exit mapinfo" when the window closes. Only a client that listens (its
+    // button pad "Callback" is up) is told.
+    void adviseWindowChanged();
+    bool companionListens();
 
     int idOf(const QObject* subWindow) const;
     int frontMapId() const;
@@ -161,6 +167,7 @@ private:
     int applying_ = 0;
     // Set while this window changes the engine, so that the engine's echo is not re-applied.
     int reporting_ = 0;
+    bool advicePending_ = false;
 
     QAction* openTableAction_ = nullptr;
     QAction* openWorkspaceAction_ = nullptr;
