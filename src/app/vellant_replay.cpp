@@ -1,16 +1,21 @@
-// vellant-replay [--appdir DIR] WORKSPACE SCRIPT: one whole session on the embedded host, run
-// headless from a script, with its transcript on standard output (the format is in the README,
-// section "The replay runner"). SCRIPT "-" reads the script from standard input.
+// vellant-replay [--appdir DIR] [--toolkit scripted|qt] [--shots DIR] WORKSPACE SCRIPT: one
+// whole session on the embedded host, run from a script, with its transcript on standard output
+// (the format is in the README, section "The replay runner"). SCRIPT "-" reads the script from
+// standard input. The scripted toolkit is headless; the Qt toolkit runs the same script on the
+// real widgets, on Qt's offscreen platform unless another is asked for, and --shots keeps a
+// picture of the forms at each snapshot.
 //
 // Exit status: 0 after a run; 1 when the run broke off (a failure outside the program's own
 // error handling); 2 for a wrong call, a file that cannot be read, a workspace that does not
 // open or a script with a faulty line, each with a message on standard error and nothing run.
 
+#include "app/replay/qt/qt_desk.h"
 #include "app/replay/replay_run.h"
 #include "app/replay/replay_verbs.h"
 #include "app/replay/script.h"
 #include "engine/mb_error.h"
 
+#include <QApplication>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -19,14 +24,19 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <vector>
 
 namespace {
 
-constexpr const char* kUsage = "usage: vellant-replay [--appdir DIR] WORKSPACE SCRIPT\n";
+constexpr const char* kUsage =
+    "usage: vellant-replay [--appdir DIR] [--toolkit scripted|qt] [--shots DIR] WORKSPACE "
+    "SCRIPT\n";
 
 struct Arguments {
     std::string appDir;
+    bool qt = false;
+    std::string shots;
     std::string workspace;
     std::string script;
 };
@@ -40,6 +50,14 @@ std::optional<Arguments> parseArguments(int argc, char** argv) {
             args.appDir = argv[++i];
         } else if (arg.starts_with("--appdir=")) {
             args.appDir = arg.substr(9);
+        } else if ((arg == "--toolkit" && i + 1 < argc) || arg.starts_with("--toolkit=")) {
+            const std::string_view kit = arg == "--toolkit" ? argv[++i] : arg.substr(10);
+            if (kit != "qt" && kit != "scripted") return std::nullopt;
+            args.qt = kit == "qt";
+        } else if (arg == "--shots" && i + 1 < argc) {
+            args.shots = argv[++i];
+        } else if (arg.starts_with("--shots=")) {
+            args.shots = arg.substr(8);
         } else if (arg.starts_with("--") || (arg.starts_with("-") && arg != "-")) {
             return std::nullopt;
         } else {
@@ -47,6 +65,8 @@ std::optional<Arguments> parseArguments(int argc, char** argv) {
         }
     }
     if (positional.size() != 2) return std::nullopt;
+    // Pictures need the widgets.
+    if (!args.shots.empty() && !args.qt) return std::nullopt;
     args.workspace = positional[0];
     args.script = positional[1];
     return args;
@@ -82,6 +102,18 @@ private:
     std::string path_;
     bool temporary_ = false;
 };
+
+// The offscreen platform with a desktop-sized screen of 96 dpi, so that forms lay out as on a
+// common desktop, unless the caller chose a platform.
+std::filesystem::path chooseOffscreenPlatform() {
+    if (std::getenv("QT_QPA_PLATFORM") != nullptr) return {};
+    const auto config = std::filesystem::temp_directory_path() /
+                        ("vellant-replay-screen-" + std::to_string(::getpid()) + ".json");
+    std::ofstream(config) << R"({"screens":[{"name":"desk","x":0,"y":0,"width":1440,)"
+                          << R"("height":900,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
+    setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + config.string()).c_str(), 1);
+    return config;
+}
 
 int refuse(const std::string& message) {
     std::cerr << "vellant-replay: " << message << '\n';
@@ -121,11 +153,23 @@ int main(int argc, char** argv) {
         return refuse("no application directory: " + std::string(e.what()));
     }
 
+    std::optional<QApplication> application;
+    vellant::replay::ReplayRun::DeskMaker desk;
+    if (args->qt) {
+        const std::filesystem::path screen = chooseOffscreenPlatform();
+        application.emplace(argc, argv);
+        std::error_code ignored;
+        if (!screen.empty()) std::filesystem::remove(screen, ignored);
+        desk = vellant::replay::qtDeskMaker(args->shots);
+    }
+
     std::optional<vellant::replay::ReplayRun> replay;
     try {
-        replay.emplace(args->workspace, appDir->path(), std::cout);
+        replay.emplace(args->workspace, appDir->path(), std::cout, desk);
     } catch (const vellant::engine::MbError& e) {
         return refuse("the workspace " + args->workspace + " does not open: " + e.what());
+    } catch (const std::exception& e) {
+        return refuse(e.what());
     }
     try {
         replay->run(std::move(script));

@@ -5,6 +5,7 @@
 #include "base/runtime_error.h"
 #include "platform/form.h"
 #include "platform/timer.h"
+#include "qtui/forms/control_view.h"
 #include "qtui/host/native_windows.h"
 
 #include <QApplication>
@@ -28,6 +29,22 @@ QtToolkit::~QtToolkit() {
 FormView* QtToolkit::viewOf(const platform::Form& form) const {
     const auto it = views_.find(&form);
     return it == views_.end() ? nullptr : it->second.data();
+}
+
+QWidget* QtToolkit::widgetOf(const platform::Control& control) const {
+    if (const auto* form = dynamic_cast<const platform::Form*>(&control))
+        if (FormView* view = viewOf(*form)) return view;
+    for (const auto& [form, view] : views_)
+        if (view)
+            if (ControlView* controlView = view->viewOf(control)) return controlView->widget();
+    return nullptr;
+}
+
+std::vector<FormView*> QtToolkit::formViews() const {
+    std::vector<FormView*> views;
+    for (const auto& [form, view] : views_)
+        if (view) views.push_back(view.data());
+    return views;
 }
 
 void QtToolkit::report(const std::exception& error) {
@@ -90,6 +107,7 @@ void QtToolkit::showModal(platform::Form& form) {
             toolkit.modal_.pop_back();
         }
     } leave{*this, form};
+    if (onModalShow) onModalShow(form);
     runPostedTasks();
     while (form.Loaded() && form.Visible()) {
         loop.exec();

@@ -57,6 +57,14 @@ public:
     void setMailProgram(std::string program) { mailProgram_ = std::move(program); }
     // Runs the work the program posted, now.
     void runPostedTasks();
+    // Told when a modal show of a form begins, before its loop runs.
+    std::function<void(platform::Form& form)> onModalShow;
+    // True while a message box, a popup menu or the open dialog waits for its answer.
+    bool inDialog() const { return dialogDepth_ > 0; }
+    // The widget of a control of any loaded form; nullptr when it has none.
+    QWidget* widgetOf(const platform::Control& control) const;
+    // The forms loaded now, with their views.
+    std::vector<FormView*> formViews() const;
     const TwipScale& scale() const { return scale_; }
 
     // ---- Toolkit ----
@@ -119,6 +127,7 @@ private:
     std::set<QWidget*> sunk_;
     platform::EventLoop posted_;
     bool postPending_ = false;
+    int dialogDepth_ = 0;
     int pointer_ = platform::vbDefault;
     int cursorCount_ = 0;
     bool cursorOverridden_ = false;

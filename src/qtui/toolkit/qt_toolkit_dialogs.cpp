@@ -99,7 +99,9 @@ int QtToolkit::MsgBox(const std::string& prompt, int style, const std::string& t
     }
     // The box wants the ordinary pointer, whatever the program has set.
     QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    ++dialogDepth_;
     box.exec();
+    --dialogDepth_;
     QGuiApplication::restoreOverrideCursor();
     const auto chosen = answers.find(box.clickedButton());
     if (chosen != answers.end()) answer = chosen->second;
@@ -142,7 +144,9 @@ void QtToolkit::PopupMenu(platform::Form& form, platform::MenuItem& menu) {
         });
     }
     QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    ++dialogDepth_;
     QAction* chosen = popup.exec(QCursor::pos());
+    --dialogDepth_;
     QGuiApplication::restoreOverrideCursor();
     const auto item = items.find(chosen);
     if (item != items.end()) item->second->Click();
@@ -158,8 +162,10 @@ std::string QtToolkit::ShowOpen(const platform::OpenDialogRequest& request) {
     if (!request.FileName.empty())
         start = start.isEmpty() ? QString::fromStdString(request.FileName)
                                 : start + '/' + QString::fromStdString(request.FileName);
+    ++dialogDepth_;
     const QString file = QFileDialog::getOpenFileName(
         dialogParent(), QString::fromStdString(request.DialogTitle), start, filter, &selected);
+    --dialogDepth_;
     return file.toStdString();
 }
 
