@@ -109,8 +109,8 @@ std::filesystem::path chooseOffscreenPlatform() {
     if (std::getenv("QT_QPA_PLATFORM") != nullptr) return {};
     const auto config = std::filesystem::temp_directory_path() /
                         ("vellant-replay-screen-" + std::to_string(::getpid()) + ".json");
-    std::ofstream(config) << R"({"screens":[{"name":"desk","x":0,"y":0,"width":1440,)"
-                          << R"("height":900,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
+    std::ofstream(config) << R"({"screens":[{"name":"desk","x":0,"y":0,"width":1920,)"
+                          << R"("height":1080,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
     setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + config.string()).c_str(), 1);
     return config;
 }

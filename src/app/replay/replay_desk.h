@@ -10,10 +10,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
-
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vellant::platform {
 class Form;

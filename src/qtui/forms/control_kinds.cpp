@@ -46,7 +46,7 @@ constexpr std::array kLayerForm = {
     Entry{"ZoomWidth", {K::Label, "MapPropsFrame", {}}},
     Entry{"ZoomScale", {K::Label, "MapPropsFrame", {}}},
     Entry{"map_bounds", {K::CheckBox, "MapPropsFrame", {}}},
-    Entry{"MapButtonFrame", {K::Frame, {}, {}}},
+    Entry{"MapButtonFrame", {K::Panel, {}, {}}},
     Entry{"SelectTool", {K::ToolButton, "MapButtonFrame", {}}},
     Entry{"Pan", {K::ToolButton, "MapButtonFrame", {}}},
     Entry{"ZoomIn", {K::ToolButton, "MapButtonFrame", {}}},
@@ -66,6 +66,15 @@ constexpr std::array kLabelOrientation = {
     Entry{"LabOrient", {K::PictureOption, {}, "LabelOrient"}},
 };
 
+// The information form: copies of the layer form's controls, each opening its topic.
+constexpr std::array kInfoForm = {
+    Entry{"Info", {K::TextArea, {}, {}}},       Entry{"Label1", {K::Label, {}, {}}},
+    Entry{"cell", {K::Button, {}, "Image1"}},   Entry{"OK", {K::Button, {}, "OK"}},
+    Entry{"Cancel", {K::Button, {}, "Cancel"}}, Entry{"MapImmediate", {K::CheckBox, {}, {}}},
+    Entry{"Check1", {K::CheckBox, {}, {}}},     Entry{"RedrawNOW", {K::Button, {}, "Redraw"}},
+    Entry{"Label2", {K::Label, {}, {}}},        Entry{"Label3", {K::Label, {}, {}}},
+};
+
 template <std::size_t N>
 const ControlDesign* find(const std::array<Entry, N>& table, const std::string& name) {
     for (const Entry& entry : table)
@@ -77,6 +86,7 @@ const ControlDesign* tableEntry(const std::string& form, const std::string& cont
     if (form == "vlLayerControl" || form == "vlLayerDocked") return find(kLayerForm, control);
     if (form == "EditCell") return find(kEditCell, control);
     if (form == "Label_Orientation") return find(kLabelOrientation, control);
+    if (form == "VLInfo") return find(kInfoForm, control);
     return nullptr;
 }
 

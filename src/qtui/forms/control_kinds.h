@@ -18,6 +18,7 @@ enum class ControlKind {
     None,          // not on the screen: menu items, timers
     Grid,          // the grid control
     Frame,         // a frame, with its caption as a title when it has one
+    Panel,         // a frame without a border: only a holder of controls
     MapFrame,      // a frame that holds another program's window (the view map)
     Button,        // a push button: its caption, and its picture where the art has one
     ToolButton,    // a button that is only a picture

@@ -15,6 +15,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -81,6 +82,9 @@ void ControlView::detach() {
 
 void ControlView::input(const std::function<void()>& work) {
     if (control_ == nullptr || applying_ != 0) return;
+    // A hidden form takes no input: what its widgets do as it goes (a combo box that matches
+    // its text once more as it loses the focus) is not the user's.
+    if (form_.form() == nullptr || !form_.form()->Visible()) return;
     form_.host().guardInput(work);
 }
 
@@ -101,6 +105,9 @@ void ControlView::makeWidget(QWidget* parent) {
         break;
     case K::Frame:
         widget_ = new QGroupBox(parent);
+        break;
+    case K::Panel:
+        widget_ = new QWidget(parent);
         break;
     case K::MapFrame: {
         auto* frame = new QFrame(parent);
@@ -135,6 +142,7 @@ void ControlView::makeWidget(QWidget* parent) {
         auto* label = new QLabel(parent);
         label->setWordWrap(true);
         label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        if (control.onClick) label->setCursor(Qt::PointingHandCursor);
         widget_ = label;
         break;
     }
@@ -220,6 +228,12 @@ void ControlView::chooseOption() {
 bool ControlView::eventFilter(QObject* watched, QEvent* event) {
     if (control_ == nullptr) return QObject::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress && keyEvent(event)) return true;
+    // A label that answers a click takes one, as the desktop's labels do.
+    if (event->type() == QEvent::MouseButtonRelease && design_.kind == K::Label &&
+        control_->onClick && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        input([this] { control_->Click(); });
+        return true;
+    }
     if (event->type() == QEvent::MouseButtonDblClick && control_->onDblClick) {
         // The program hears of the double click at its second press; the press goes on to the
         // button as well.
@@ -358,7 +372,9 @@ void ControlView::applyPicture() {
     }
     auto* button = qobject_cast<QAbstractButton*>(widget_.data());
     if (button == nullptr) return;
-    const std::string art = c.Picture().empty() ? artName(design_, c) : std::string();
+    // The control's own picture where there is one to draw, else the art its design names.
+    const bool ownPicture = c.Picture().bitmap || hasArt(c.Picture().name);
+    const std::string art = ownPicture ? std::string() : artName(design_, c);
     QSize icon;
     if (design_.kind == K::Button) {
         const int side = std::clamp(box.height() - 8, 0, kButtonIconPixels);
@@ -367,9 +383,9 @@ void ControlView::applyPicture() {
         const int side = std::max(0, std::min(box.width(), box.height()) - 8);
         icon = QSize(side, side);
     }
-    QPixmap pixmap = !c.Picture().empty() ? picturePixmap(c.Picture(), icon, ratio)
-                     : hasArt(art)        ? artPixmap(art, icon, ratio)
-                                          : QPixmap();
+    QPixmap pixmap = ownPicture    ? picturePixmap(c.Picture(), icon, ratio)
+                     : hasArt(art) ? artPixmap(art, icon, ratio)
+                                   : QPixmap();
     button->setIcon(pixmap.isNull() ? QIcon() : QIcon(pixmap));
     button->setIconSize(icon);
 }

@@ -35,6 +35,15 @@ Qt::WindowFlags flagsFor(WindowKind kind) {
     return Qt::Window;
 }
 
+// The forms were laid out for a small sans serif of about 85 twips a character; Liberation Sans
+// at 11 pixels has that width, where the desktop's default font would clip captions.
+QFont formFont() {
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setPixelSize(11);
+    font.setStyleHint(QFont::SansSerif);
+    return font;
+}
+
 bool isOption(ControlKind kind) {
     return kind == ControlKind::OptionButton || kind == ControlKind::PictureOption;
 }
@@ -46,6 +55,7 @@ FormView::FormView(platform::Form& form, FormViewHost& host, const TwipScale& sc
       scale_(scale), alive_(std::make_shared<bool>(true)) {
     setObjectName(QString::fromStdString(form.Name()));
     setAttribute(Qt::WA_DeleteOnClose, false);
+    setFont(formFont());
     buildControls();
     std::weak_ptr<bool> alive = alive_;
     token_ = form.subscribe([this, alive](platform::Control&, platform::Property p) {
@@ -80,7 +90,8 @@ void FormView::buildControls() {
         if (design.kind == ControlKind::None) continue;
         auto view = std::make_unique<ControlView>(*control, design, *this, this);
         if (view->widget() == nullptr) continue;
-        if (design.kind == ControlKind::Frame || design.kind == ControlKind::MapFrame)
+        if (design.kind == ControlKind::Frame || design.kind == ControlKind::Panel ||
+            design.kind == ControlKind::MapFrame)
             containers[control->Name()] = view->widget();
         placed.emplace_back(view.get(), std::string(design.container));
         controls_.push_back(std::move(view));

@@ -143,7 +143,7 @@ QRect pictureRect(const QRect& cell, QSize picture, int alignment) {
 
 void paintGrid(QPainter& painter, const platform::FlexGrid& grid, const std::vector<GridBand>& rows,
                const std::vector<GridBand>& cols, const GridLook& look, const QRect& clip) {
-    painter.fillRect(clip, look.palette.color(QPalette::Dark));
+    painter.fillRect(clip, look.palette.color(QPalette::Window));
     for (const GridBand& row : rows) {
         if (row.end() <= clip.top() || row.start > clip.bottom()) continue;
         for (const GridBand& col : cols) {

@@ -60,8 +60,9 @@ GridView::GridView(platform::FlexGrid& grid, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // Cell text is sized to the grid's rows of 240 twips, the control's own default.
-    QFont small = font();
-    small.setPixelSize(std::max(9, scale_.pixels(grid.defaultRowHeight()) - 5));
+    QFont small(QStringLiteral("Liberation Sans"));
+    small.setStyleHint(QFont::SansSerif);
+    small.setPixelSize(std::max(9, scale_.pixels(grid.defaultRowHeight()) - 6));
     setFont(small);
 
     std::weak_ptr<bool> alive = alive_;

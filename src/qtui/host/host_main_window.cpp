@@ -424,7 +424,7 @@ void HostMainWindow::syncMainWindowControl() {
 
 bool HostMainWindow::companionListens() {
     engine::HostServices& host = engine_.host();
-    return host.companion() != nullptr &&
+    return advisesCompanion_ && host.companion() != nullptr &&
            host.findButtonPad(engine::Companion::kPadName) != nullptr;
 }
 

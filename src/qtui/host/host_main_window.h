@@ -83,6 +83,10 @@ public:
     void setErrorReporter(std::function<void(int code, const QString& text)> reporter);
     void reportError(int code, const QString& text);
 
+    // Whether the companion hears of this window's moves and closing (on by default; a replay
+    // gives the companion's advice from its script instead).
+    void setAdvisesCompanion(bool advises) { advisesCompanion_ = advises; }
+
     // Lays the open sub-windows side by side to fill the area.
     void tile();
     void cascade();
@@ -168,6 +172,7 @@ private:
     // Set while this window changes the engine, so that the engine's echo is not re-applied.
     int reporting_ = 0;
     bool advicePending_ = false;
+    bool advisesCompanion_ = true;
 
     QAction* openTableAction_ = nullptr;
     QAction* openWorkspaceAction_ = nullptr;

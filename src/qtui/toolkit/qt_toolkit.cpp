@@ -177,6 +177,33 @@ void QtToolkit::stopTimer(platform::Timer& timer) {
     timers_.erase(it);
 }
 
+std::size_t QtToolkit::fireTimers() {
+    std::vector<platform::Timer*> due;
+    for (const auto& [timer, qtimer] : timers_)
+        if (qtimer->isActive()) due.push_back(timer);
+    std::size_t ticked = 0;
+    for (platform::Timer* timer : due) {
+        // A tick may stop the others.
+        if (!isTimerRunning(*timer)) continue;
+        guardInput([timer] { timer->Tick(); });
+        ++ticked;
+    }
+    return ticked;
+}
+
+bool QtToolkit::isTimerRunning(const platform::Timer& timer) const {
+    for (const auto& [running, qtimer] : timers_)
+        if (running == &timer) return qtimer->isActive();
+    return false;
+}
+
+std::vector<platform::Form*> QtToolkit::loadedForms() const {
+    std::vector<platform::Form*> forms;
+    for (const auto& [form, view] : views_)
+        forms.push_back(const_cast<platform::Form*>(form));
+    return forms;
+}
+
 void QtToolkit::post(std::function<void()> task) {
     posted_.post(std::move(task));
     if (postPending_) return;

@@ -15,6 +15,8 @@
 
 #include <QObject>
 #include <QPointer>
+#include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <functional>
 #include <map>
@@ -44,6 +46,8 @@ public:
     FormView* viewOf(const platform::Form& form) const;
     // The innermost form now shown modally, or nullptr.
     platform::Form* modalForm() const { return modal_.empty() ? nullptr : modal_.back(); }
+    // How many modal shows are running, one inside the other.
+    std::size_t modalDepth() const { return modal_.size(); }
     // Answers blocking things instead of a person; nullptr gives them back to the person.
     void setAutomation(DeskAutomation* automation) { automation_ = automation; }
     // Told of each message box once it has its answer (the replay's transcript).
@@ -57,6 +61,14 @@ public:
     void setMailProgram(std::string program) { mailProgram_ = std::move(program); }
     // Runs the work the program posted, now.
     void runPostedTasks();
+    // Told of each SetWindowPos call, as the program made it, before it acts.
+    std::function<void(std::int32_t hwnd, std::int32_t insertAfter, int x, int y, int cx, int cy,
+                       int flags)>
+        onWindowPos;
+    // Ticks every running timer once, now; answers how many ticked.
+    std::size_t fireTimers();
+    bool isTimerRunning(const platform::Timer& timer) const;
+    std::vector<platform::Form*> loadedForms() const;
     // Told when a modal show of a form begins, before its loop runs.
     std::function<void(platform::Form& form)> onModalShow;
     // True while a message box, a popup menu or the open dialog waits for its answer.

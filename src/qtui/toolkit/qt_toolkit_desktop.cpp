@@ -143,6 +143,7 @@ void QtToolkit::placeInOrder(QWidget& window, std::int32_t insertAfter) {
 
 bool QtToolkit::SetWindowPos(std::int32_t hwnd, std::int32_t insertAfter, int x, int y, int cx,
                              int cy, int flags) {
+    if (onWindowPos) onWindowPos(hwnd, insertAfter, x, y, cx, cy, flags);
     QWidget* window = windowOf(hwnd);
     if (window == nullptr) return false;
     if (!(flags & platform::SWP_NOSIZE) && (cx <= 0 || cy <= 0)) {

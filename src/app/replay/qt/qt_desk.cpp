@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -17,18 +18,17 @@
 
 namespace vellant::replay {
 
-namespace {
-
-void settle() {
+void QtDesk::settle() {
+    // Only what the last action set off runs here: the script's next step waits.
+    ++settling_;
     for (int round = 0; round < 3; ++round) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+    --settling_;
 }
 
-} // namespace
-
-QtDesk::QtDesk(engine::Engine& engine, std::filesystem::path shotsDir, QSize hostSize)
+QtDesk::QtDesk(engine::Engine& engine, std::filesystem::path shotsDir)
     : window_(std::make_unique<qtui::HostMainWindow>(engine)),
       toolkit_(std::make_unique<qtui::QtToolkit>(window_->nativeWindows())),
       hands_(std::make_unique<QtHands>(*toolkit_, [this] { raiseUnhandled(); })),
@@ -43,12 +43,16 @@ QtDesk::QtDesk(engine::Engine& engine, std::filesystem::path shotsDir, QSize hos
         if (!unhandled_) unhandled_ = std::current_exception();
     };
     toolkit_->onModalShow = [this](platform::Form&) { schedulePump(); };
+    toolkit_->onWindowPos = [this](std::int32_t hwnd, std::int32_t after, int x, int y, int cx,
+                                   int cy, int flags) {
+        if (onWindowPos) onWindowPos({hwnd, after, x, y, cx, cy, flags});
+    };
+    // The script speaks for the companion: it gives the advice a moved window would bring.
+    window_->setAdvisesCompanion(false);
     window_->setErrorReporter([](int code, const QString& text) {
         std::fprintf(stderr, "vellant-replay: host error %d: %s\n", code,
                      text.toStdString().c_str());
     });
-    window_->resize(hostSize);
-    window_->move(0, 0);
     window_->show();
     if (!QTest::qWaitForWindowExposed(window_.get()))
         throw std::runtime_error("the host's window does not show");
@@ -95,7 +99,8 @@ void QtDesk::pump() {
     // Steps run inside a modal show, and not while a box or a menu waits for its answer: that
     // comes first.
     if (form == nullptr) return;
-    if (toolkit_->inDialog()) {
+    if (!stepDepths_.empty() && toolkit_->modalDepth() <= stepDepths_.back()) return;
+    if (toolkit_->inDialog() || settling_ > 0) {
         QTimer::singleShot(1, this, [this] { schedulePump(); });
         return;
     }
@@ -108,6 +113,11 @@ void QtDesk::pump() {
     }
     std::function<void()> step = std::move(steps_.front());
     steps_.pop_front();
+    stepDepths_.push_back(toolkit_->modalDepth());
+    struct Leave {
+        std::vector<std::size_t>& depths;
+        ~Leave() { depths.pop_back(); }
+    } leave{stepDepths_};
     step();
     toolkit_->runPostedTasks();
     schedulePump();
@@ -174,10 +184,76 @@ void QtDesk::snapshotTaken(session::Session& session) {
 }
 
 std::function<std::unique_ptr<ReplayDesk>(engine::Engine&)>
-qtDeskMaker(std::filesystem::path shotsDir, QSize hostSize) {
-    return [shotsDir, hostSize](engine::Engine& engine) -> std::unique_ptr<ReplayDesk> {
-        return std::make_unique<QtDesk>(engine, shotsDir, hostSize);
+qtDeskMaker(std::filesystem::path shotsDir) {
+    return [shotsDir](engine::Engine& engine) -> std::unique_ptr<ReplayDesk> {
+        return std::make_unique<QtDesk>(engine, shotsDir);
     };
+}
+
+// ---- the desktop around the session ----
+
+bool QtDesk::setScreen(int widthPixels, int heightPixels) {
+    // The screen is the platform's; a script may only name the one there is.
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen != nullptr && screen->geometry().size() == QSize(widthPixels, heightPixels);
+}
+
+bool QtDesk::placeHostWindow(std::int32_t, const platform::WindowPlacement& placement) {
+    const platform::WindowRect& r = placement.rcNormalPosition;
+    const QRect normal(r.left, r.top, r.right - r.left, r.bottom - r.top);
+    const auto placeNormally = [&] {
+        window_->showNormal();
+        const QSize frame = window_->frameGeometry().size() - window_->geometry().size();
+        window_->resize(normal.size() - frame);
+        window_->move(normal.topLeft());
+    };
+    switch (placement.showCmd) {
+    case platform::SW_SHOWNORMAL:
+    case platform::SW_RESTORE:
+        placeNormally();
+        break;
+    case platform::SW_SHOWMAXIMIZED:
+        if (!window_->isMaximized() && !window_->isMinimized()) placeNormally();
+        window_->showMaximized();
+        break;
+    case platform::SW_SHOWMINIMIZED:
+    case platform::SW_MINIMIZE:
+        if (!window_->isMaximized() && !window_->isMinimized()) placeNormally();
+        window_->showMinimized();
+        break;
+    default:
+        return false;
+    }
+    settle();
+    return true;
+}
+
+std::size_t QtDesk::tickTimers() {
+    const std::size_t ticked = toolkit_->fireTimers();
+    raiseUnhandled();
+    return ticked;
+}
+
+bool QtDesk::timerRunning(const platform::Timer& timer) const {
+    return toolkit_->isTimerRunning(timer);
+}
+
+void QtDesk::dragFormHeight(platform::Form& form, int heightTwips) {
+    qtui::FormView* view = toolkit_->viewOf(form);
+    if (view == nullptr) return;
+    // The frame's top edge dragged, as the window manager resizes a window.
+    const QRect frame = view->frameGeometry();
+    const QRect client = view->geometry();
+    const int height = toolkit_->scale().pixels(heightTwips);
+    const int top = frame.bottom() + 1 - height;
+    view->setGeometry(QRect(client.left(), top + (client.top() - frame.top()), client.width(),
+                            height - (frame.height() - client.height())));
+    settle();
+    raiseUnhandled();
+}
+
+std::vector<platform::Form*> QtDesk::loadedForms() const {
+    return toolkit_->loadedForms();
 }
 
 } // namespace vellant::replay

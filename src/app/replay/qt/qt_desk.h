@@ -17,6 +17,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vellant::engine {
 class Engine;
@@ -32,8 +33,8 @@ class QtHands;
 class QtDesk : public QObject, public ReplayDesk, public qtui::DeskAutomation {
     Q_OBJECT
 public:
-    // shotsDir empty: no pictures. The host's window shows at once, at the size given.
-    QtDesk(engine::Engine& engine, std::filesystem::path shotsDir, QSize hostSize);
+    // shotsDir empty: no pictures. The host's window shows at once.
+    QtDesk(engine::Engine& engine, std::filesystem::path shotsDir);
     ~QtDesk() override;
 
     qtui::QtToolkit& qt() { return *toolkit_; }
@@ -47,6 +48,12 @@ public:
     void queueAnswer(int answer) override { answers_.push_back(answer); }
     void queuePopupChoice(std::string item) override { choices_.push_back(std::move(item)); }
     void snapshotTaken(session::Session& session) override;
+    bool setScreen(int widthPixels, int heightPixels) override;
+    bool placeHostWindow(std::int32_t hwnd, const platform::WindowPlacement& placement) override;
+    std::size_t tickTimers() override;
+    bool timerRunning(const platform::Timer& timer) const override;
+    void dragFormHeight(platform::Form& form, int heightTwips) override;
+    std::vector<platform::Form*> loadedForms() const override;
 
     // ---- DeskAutomation ----
     std::optional<int> messageBoxAnswer(const std::string& prompt, const std::vector<int>& buttons,
@@ -63,6 +70,7 @@ private:
     void schedulePump();
     void pump();
     void raiseUnhandled();
+    void settle();
 
     std::unique_ptr<qtui::HostMainWindow> window_;
     std::unique_ptr<qtui::QtToolkit> toolkit_;
@@ -71,6 +79,11 @@ private:
     std::deque<int> answers_;
     std::deque<std::string> choices_;
     bool pumpPending_ = false;
+    // The modal depth each running step began at: a step runs only inside a modal show deeper
+    // than the one of the step under way, so that the events an action lets run never start
+    // the next step in the middle of it.
+    std::vector<std::size_t> stepDepths_;
+    int settling_ = 0;
     std::exception_ptr unhandled_;
     std::filesystem::path shotsDir_;
     int shots_ = 0;
@@ -78,6 +91,6 @@ private:
 
 // A desk maker for ReplayRun.
 std::function<std::unique_ptr<ReplayDesk>(engine::Engine&)>
-qtDeskMaker(std::filesystem::path shotsDir = {}, QSize hostSize = QSize(1100, 760));
+qtDeskMaker(std::filesystem::path shotsDir = {});
 
 } // namespace vellant::replay

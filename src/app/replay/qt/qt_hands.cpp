@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QStyle>
@@ -168,14 +169,20 @@ void QtHands::pick(platform::ComboBox& box, int index) {
     act([&] {
         auto* combo = qobject_cast<QComboBox*>(&widgetOf(box));
         if (combo == nullptr) throw std::logic_error("the list " + box.Name() + " is no combo box");
-        // The list opens with its key, and the item is clicked in it.
+        // The list opens with its key, and the item is reached with the arrow keys and taken
+        // with Enter (a click so soon after the list opened would be taken for the opening click).
         QTest::keyClick(combo, Qt::Key_F4);
         settle();
         QAbstractItemView* list = combo->view();
-        const QModelIndex item = list->model()->index(index, combo->modelColumn());
-        list->scrollTo(item);
-        const QPoint at = list->visualRect(item).center();
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
+        QTest::keyClick(list, Qt::Key_Home);
+        for (int step = 0; step < index; ++step)
+            QTest::keyClick(list, Qt::Key_Down);
+        // Enter as the list receives it: a press and a release. (QTest's click would first offer
+        // it as a shortcut, which the open list takes as a choice of its own.)
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+        QApplication::sendEvent(list, &press);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+        QApplication::sendEvent(list, &release);
     });
 }
 
