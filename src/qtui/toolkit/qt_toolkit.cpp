@@ -165,7 +165,10 @@ void QtToolkit::startTimer(platform::Timer& timer) {
         connect(qtimer.get(), &QTimer::timeout, this,
                 [this, &timer] { guardInput([&timer] { timer.Tick(); }); });
     }
-    qtimer->start(timer.Interval());
+    if (timersByHand_)
+        qtimer->setInterval(timer.Interval());
+    else
+        qtimer->start(timer.Interval());
 }
 
 void QtToolkit::stopTimer(platform::Timer& timer) {
@@ -180,7 +183,7 @@ void QtToolkit::stopTimer(platform::Timer& timer) {
 std::size_t QtToolkit::fireTimers() {
     std::vector<platform::Timer*> due;
     for (const auto& [timer, qtimer] : timers_)
-        if (qtimer->isActive()) due.push_back(timer);
+        due.push_back(timer);
     std::size_t ticked = 0;
     for (platform::Timer* timer : due) {
         // A tick may stop the others.
@@ -192,8 +195,9 @@ std::size_t QtToolkit::fireTimers() {
 }
 
 bool QtToolkit::isTimerRunning(const platform::Timer& timer) const {
+    // A timer the program started stays in the table until it stops it.
     for (const auto& [running, qtimer] : timers_)
-        if (running == &timer) return qtimer->isActive();
+        if (running == &timer) return true;
     return false;
 }
 

@@ -67,6 +67,9 @@ public:
         onWindowPos;
     // Ticks every running timer once, now; answers how many ticked.
     std::size_t fireTimers();
+    // Timers that tick only through fireTimers, never by the clock (a replay's script says
+    // when time passes).
+    void setTimersByHand(bool byHand) { timersByHand_ = byHand; }
     bool isTimerRunning(const platform::Timer& timer) const;
     std::vector<platform::Form*> loadedForms() const;
     // Told when a modal show of a form begins, before its loop runs.
@@ -140,6 +143,7 @@ private:
     platform::EventLoop posted_;
     bool postPending_ = false;
     int dialogDepth_ = 0;
+    bool timersByHand_ = false;
     int pointer_ = platform::vbDefault;
     int cursorCount_ = 0;
     bool cursorOverridden_ = false;

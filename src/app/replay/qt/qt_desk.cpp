@@ -1,5 +1,6 @@
 #include "app/replay/qt/qt_desk.h"
 
+#include "app/replay/qt/desk_picture.h"
 #include "app/replay/qt/qt_hands.h"
 #include "platform/form.h"
 #include "qtui/forms/form_view.h"
@@ -34,6 +35,7 @@ QtDesk::QtDesk(engine::Engine& engine, std::filesystem::path shotsDir)
       hands_(std::make_unique<QtHands>(*toolkit_, [this] { raiseUnhandled(); })),
       shotsDir_(std::move(shotsDir)) {
     toolkit_->setAutomation(this);
+    toolkit_->setTimersByHand(true);
     toolkit_->onMessage = [this](const std::string& prompt, int, const std::string&, int) {
         if (onMessage) onMessage(prompt);
     };
@@ -162,16 +164,7 @@ QImage QtDesk::screenPicture(const session::Session& session) const {
     if (main != nullptr && main->isVisible()) windows.push_back(main);
     for (qtui::FormView* view : toolkit_->formViews())
         if (view != main && view->isVisible()) windows.push_back(view);
-    QRect area;
-    for (QWidget* w : windows)
-        area = area.united(w->frameGeometry());
-    if (area.isEmpty()) return {};
-    QImage picture(area.size(), QImage::Format_RGB32);
-    picture.fill(QColor(96, 110, 128));
-    QPainter painter(&picture);
-    for (QWidget* w : windows)
-        painter.drawPixmap(w->geometry().topLeft() - area.topLeft(), w->grab());
-    return picture;
+    return desktopPicture(windows);
 }
 
 void QtDesk::snapshotTaken(session::Session& session) {
