@@ -35,8 +35,9 @@ std::string workspaceWithMap() {
 TEST(VellantProgram, ScreenshotWritesAPictureOfTheRequestedSizeWithAMapInIt) {
     const auto picture = sampleFolder() / "shot.png";
     std::filesystem::remove(picture);
-    const ProgramRun run = vellant({"--screenshot", QString::fromStdString(picture.string()), "--size",
-                             "640x480", QString::fromStdString(workspaceWithMap())});
+    const ProgramRun run =
+        vellant({"--screenshot", QString::fromStdString(picture.string()), "--size", "640x480",
+                 QString::fromStdString(workspaceWithMap())});
     ASSERT_EQ(run.exitCode, 0) << run.errors;
     const QImage image(QString::fromStdString(picture.string()));
     ASSERT_EQ(image.size(), QSize(640, 480));
@@ -50,8 +51,9 @@ TEST(VellantProgram, ScreenshotWritesAPictureOfTheRequestedSizeWithAMapInIt) {
 
 TEST(VellantProgram, ScreenshotOfABadWorkspaceFailsWithAMessage) {
     const auto picture = sampleFolder() / "bad.png";
-    const ProgramRun run = vellant({"--screenshot", QString::fromStdString(picture.string()),
-                             QString::fromStdString((sampleFolder() / "absent.wor").string())});
+    const ProgramRun run =
+        vellant({"--screenshot", QString::fromStdString(picture.string()),
+                 QString::fromStdString((sampleFolder() / "absent.wor").string())});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_NE(run.errors.find("825"), std::string::npos) << run.errors;
 }

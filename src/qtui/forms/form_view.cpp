@@ -173,7 +173,8 @@ void FormView::applyGeometry() {
     const platform::Form& f = *form_;
     const QRect outer = scale_.pixelRect(f.Left(), f.Top(), f.Width(), f.Height());
     applied_ = outer;
-    const QSize client = outer.size() - frameExtra();
+    appliedFrame_ = frameExtra();
+    const QSize client = outer.size() - appliedFrame_;
     resize(std::max(1, client.width()), std::max(1, client.height()));
     move(outer.topLeft());
 }
@@ -198,6 +199,10 @@ void FormView::restoreVisibility() {
 
 void FormView::reportGeometry() {
     if (form_ == nullptr || applying_ != 0 || !isVisible()) return;
+    if (frameExtra() != appliedFrame_) {
+        applyGeometry();
+        return;
+    }
     const QRect outer = frameGeometry();
     if (outer == applied_) return;
     applied_ = outer;
@@ -245,7 +250,7 @@ void FormView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     // The frame is known once the window shows: the outer size the program asked for is given
     // again with it.
-    if (form_ != nullptr && frameExtra() != QSize(0, 0)) applyGeometry();
+    if (form_ != nullptr && frameExtra() != appliedFrame_) applyGeometry();
     // The first control that takes the keys has them, as on the desktop.
     for (const auto& control : controls_) {
         QWidget* w = control->widget();

@@ -93,6 +93,9 @@ private:
     // The frame rectangle last given to the window, to tell the echo of our own change from a
     // move or resize by the user.
     QRect applied_;
+    // The frame's share of the window when the place was given: a frame that comes or changes
+    // afterwards (the window shows) is no resize by the user.
+    QSize appliedFrame_;
 };
 
 } // namespace vellant::qtui
