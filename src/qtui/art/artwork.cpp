@@ -21,7 +21,7 @@ bool hasArt(const std::string& name) {
 }
 
 QPixmap artPixmap(const std::string& name, QSize size, qreal devicePixelRatio) {
-    if (!size.isValid() || size.isEmpty() || !hasArt(name)) return {};
+    if (!size.isValid() || size.isEmpty() || name.empty()) return {};
     const QString key = QStringLiteral("vellant-art:%1:%2x%3@%4")
                             .arg(QString::fromStdString(name))
                             .arg(size.width())
@@ -29,6 +29,7 @@ QPixmap artPixmap(const std::string& name, QSize size, qreal devicePixelRatio) {
                             .arg(devicePixelRatio);
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap)) return pixmap;
+    if (!hasArt(name)) return {};
     QSvgRenderer renderer(artPath(name));
     const QSize device(static_cast<int>(std::ceil(size.width() * devicePixelRatio)),
                        static_cast<int>(std::ceil(size.height() * devicePixelRatio)));

@@ -6,7 +6,9 @@
 #include <QPainter>
 #include <QPixmap>
 #include <cctype>
+#include <map>
 #include <string>
+#include <tuple>
 
 namespace vellant::qtui {
 
@@ -45,18 +47,44 @@ bool inSelection(const platform::FlexGrid& grid, int row, int col) {
     return row >= top && row <= bottom && col >= left && col <= right;
 }
 
-QPixmap cellPixmap(const platform::GridCell& cell, const GridLook& look, QSize size,
-                   bool monochrome) {
-    QPixmap pixmap = picturePixmap(cell.picture, size, look.devicePixelRatio);
-    if (!monochrome || pixmap.isNull()) return pixmap;
-    QImage gray = pixmap.toImage().convertToFormat(QImage::Format_Grayscale8);
-    QPixmap result = QPixmap::fromImage(gray);
-    result.setDevicePixelRatio(pixmap.devicePixelRatio());
-    return result;
-}
+// What one paint needs again and again: the fonts, the pen colours and the pictures already
+// drawn at their size, so that a frame of a thousand cells draws each picture once.
+struct PaintCache {
+    explicit PaintCache(const GridLook& look) : normal(look.font), bold(look.font) {
+        bold.setBold(true);
+    }
+    const QPixmap& pixmap(const platform::GridCell& cell, QSize size, const GridLook& look,
+                          bool monochrome) {
+        const Key key{cell.picture.name, cell.picture.bitmap.get(), size.width(), size.height()};
+        auto it = pixmaps.find(key);
+        if (it != pixmaps.end()) return it->second;
+        QPixmap drawn = picturePixmap(cell.picture, size, look.devicePixelRatio);
+        if (monochrome && !drawn.isNull()) {
+            QPixmap gray =
+                QPixmap::fromImage(drawn.toImage().convertToFormat(QImage::Format_Grayscale8));
+            gray.setDevicePixelRatio(drawn.devicePixelRatio());
+            drawn = gray;
+        }
+        return pixmaps.emplace(key, std::move(drawn)).first->second;
+    }
+
+    struct Key {
+        std::string name;
+        const void* bitmap;
+        int width;
+        int height;
+        bool operator<(const Key& other) const {
+            return std::tie(name, bitmap, width, height) <
+                   std::tie(other.name, other.bitmap, other.width, other.height);
+        }
+    };
+    QFont normal;
+    QFont bold;
+    std::map<Key, QPixmap> pixmaps;
+};
 
 void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand& row,
-               const GridBand& col, const GridLook& look) {
+               const GridBand& col, const GridLook& look, PaintCache& cache) {
     const platform::GridCell& cell = grid.cellAt(row.index, col.index);
     const bool fixed = row.index < grid.FixedRows() || col.index < grid.FixedCols();
     const QPalette& p = look.palette;
@@ -74,24 +102,28 @@ void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand
     }
 
     const QRect inner = rect.adjusted(0, 0, -1, -1);
-    painter.save();
-    painter.setClipRect(inner);
     if (!cell.picture.empty()) {
         QSize size = pictureSize(cell.picture, look.scale.twipsPerPixel());
         if (cell.pictureAlignment == kAlignStretch) size = inner.size();
-        const QPixmap pixmap =
-            cellPixmap(cell, look, size, grid.PictureType() == platform::flexPictureMonochrome);
+        const QPixmap& pixmap =
+            cache.pixmap(cell, size, look, grid.PictureType() == platform::flexPictureMonochrome);
         if (!pixmap.isNull()) {
-            if (cell.pictureAlignment == platform::flexPicAlignTile)
+            if (cell.pictureAlignment == platform::flexPicAlignTile) {
                 painter.drawTiledPixmap(inner, pixmap);
-            else
-                painter.drawPixmap(pictureRect(inner, size, cell.pictureAlignment), pixmap);
+            } else {
+                // A picture larger than its cell shows the part that fits.
+                const QRect placed = pictureRect(inner, size, cell.pictureAlignment);
+                const QRect shown = placed.intersected(inner);
+                const qreal ratio = pixmap.devicePixelRatio();
+                const QRectF source((shown.x() - placed.x()) * ratio,
+                                    (shown.y() - placed.y()) * ratio, shown.width() * ratio,
+                                    shown.height() * ratio);
+                if (!shown.isEmpty()) painter.drawPixmap(QRectF(shown), pixmap, source);
+            }
         }
     }
     if (!cell.text.empty()) {
-        QFont font = look.font;
-        font.setBold(cell.fontBold);
-        painter.setFont(font);
+        painter.setFont(cell.fontBold ? cache.bold : cache.normal);
         painter.setPen(oleColour(grid.ForeColor(), p));
         Qt::Alignment align = Qt::AlignVCenter;
         if (row.index < grid.FixedRows())
@@ -100,10 +132,10 @@ void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand
             align |= Qt::AlignRight;
         else
             align |= Qt::AlignLeft;
+        // Text is clipped to its rectangle, as the grid control clips it.
         painter.drawText(inner.adjusted(kTextPadding, 0, -kTextPadding, 0), align,
                          QString::fromStdString(cell.text));
     }
-    painter.restore();
 
     if (fixed) {
         // A raised edge, as the fixed cells of the grid control have.
@@ -113,10 +145,6 @@ void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand
         painter.setPen(p.color(QPalette::Mid));
         painter.drawLine(rect.topRight(), rect.bottomRight());
         painter.drawLine(rect.bottomLeft(), rect.bottomRight());
-    } else {
-        painter.setPen(kGridLine);
-        painter.drawLine(rect.topRight(), rect.bottomRight());
-        painter.drawLine(rect.bottomLeft(), rect.bottomRight());
     }
     if (current && !fixed && look.focused) {
         QPen focus(p.color(QPalette::Text), 1, Qt::DotLine);
@@ -124,6 +152,29 @@ void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect.adjusted(1, 1, -2, -2));
     }
+}
+
+// The lines between the scrolling cells, drawn once for the frame.
+void paintGridLines(QPainter& painter, const platform::FlexGrid& grid,
+                    const std::vector<GridBand>& rows, const std::vector<GridBand>& cols) {
+    int top = 0, left = 0, bottom = 0, right = 0;
+    for (const GridBand& row : rows) {
+        if (row.index < grid.FixedRows()) top = row.end();
+        bottom = row.end();
+    }
+    for (const GridBand& col : cols) {
+        if (col.index < grid.FixedCols()) left = col.end();
+        right = col.end();
+    }
+    QVector<QLine> lines;
+    for (const GridBand& row : rows)
+        if (row.index >= grid.FixedRows())
+            lines.append(QLine(left, row.end() - 1, right - 1, row.end() - 1));
+    for (const GridBand& col : cols)
+        if (col.index >= grid.FixedCols())
+            lines.append(QLine(col.end() - 1, top, col.end() - 1, bottom - 1));
+    painter.setPen(kGridLine);
+    painter.drawLines(lines);
 }
 
 } // namespace
@@ -144,13 +195,15 @@ QRect pictureRect(const QRect& cell, QSize picture, int alignment) {
 void paintGrid(QPainter& painter, const platform::FlexGrid& grid, const std::vector<GridBand>& rows,
                const std::vector<GridBand>& cols, const GridLook& look, const QRect& clip) {
     painter.fillRect(clip, look.palette.color(QPalette::Window));
+    PaintCache cache(look);
     for (const GridBand& row : rows) {
         if (row.end() <= clip.top() || row.start > clip.bottom()) continue;
         for (const GridBand& col : cols) {
             if (col.end() <= clip.left() || col.start > clip.right()) continue;
-            paintCell(painter, grid, row, col, look);
+            paintCell(painter, grid, row, col, look, cache);
         }
     }
+    paintGridLines(painter, grid, rows, cols);
 }
 
 } // namespace vellant::qtui
