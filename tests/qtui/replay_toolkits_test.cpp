@@ -81,7 +81,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "dblclick 3 layer\ndblclick 0 zoom_layer\nclick 7 zoom max\ntype 5000\n"
                     "dblclick 0 user info\nclick 2 user info\npick 32\n"
                     "dblclick 0 label properties\nclick 5 label orient\norient 8\n"
-                    "click 6 label orient\nesc\ngeometry\nsnapshot\npress Info\n"
+                    "click 6 label orient\nesc\nclick 6 group\ntype Roads\nclick 7 group\nkey W\n"
+                    "key e\nenter\ngeometry\nsnapshot\npress Info\n"
                     "press Limits\npress Exit\npress OK\n"}},
         ScriptCase{"TheDockedFormOnItsHost",
                    {"press Docked\npress OK\n",

@@ -194,8 +194,11 @@ void ControlView::wireInput() {
             connect(tool, &QToolButton::clicked, this,
                     [this] { input([this] { control_->Click(); }); });
     } else if (auto* edit = qobject_cast<QLineEdit*>(w)) {
-        connect(edit, &QLineEdit::textEdited, this, [this](const QString& text) {
-            input([this, text] { control_->setText(text.toStdString()); });
+        connect(edit, &QLineEdit::textEdited, this, [this, edit](const QString& text) {
+            input([this, edit, text] {
+                control_->setText(text.toStdString());
+                control_->setSelStart(edit->cursorPosition());
+            });
         });
     } else if (auto* combo = qobject_cast<QComboBox*>(w)) {
         auto* box = dynamic_cast<platform::ComboBox*>(control_);
@@ -312,8 +315,11 @@ void ControlView::apply(platform::Property property) {
         applyPicture();
         break;
     case platform::Property::Text:
-    case platform::Property::SelStart:
         applyText();
+        break;
+    case platform::Property::SelStart:
+        if (auto* edit = qobject_cast<QLineEdit*>(widget_.data()))
+            edit->setCursorPosition(c.SelStart());
         break;
     case platform::Property::BackColor:
         applyBackColour();
@@ -394,8 +400,11 @@ void ControlView::applyText() {
     const platform::Control& c = *control_;
     const QString text = QString::fromStdString(c.Text());
     if (auto* edit = qobject_cast<QLineEdit*>(widget_.data())) {
-        if (edit->text() != text) edit->setText(text);
-        edit->setCursorPosition(std::clamp(c.SelStart(), 0, static_cast<int>(text.size())));
+        // The program's text: the caret goes where the program's SelStart says.
+        if (edit->text() != text) {
+            edit->setText(text);
+            edit->setCursorPosition(c.SelStart());
+        }
     } else if (auto* combo = qobject_cast<QComboBox*>(widget_.data())) {
         const QSignalBlocker quiet(combo);
         if (const auto* box = dynamic_cast<const platform::ComboBox*>(&c)) {

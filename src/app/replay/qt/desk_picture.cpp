@@ -43,7 +43,6 @@ void paintWindow(QPainter& painter, QWidget& window, QPoint origin) {
         painter.fillRect(bar, shade);
         QFont font = window.font();
         font.setPixelSize(12);
-        font.setBold(true);
         painter.setFont(font);
         painter.setPen(Qt::white);
         painter.drawText(bar.adjusted(8, 0, -28, 0), Qt::AlignVCenter | Qt::AlignLeft,
