@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <regex>
 #include <sstream>
 
 namespace vellant::replay {
@@ -50,7 +51,13 @@ protected:
             EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
             transcript += process.readAllStandardOutput().toStdString();
         }
-        return transcript;
+        // The scratch tables live in the application directory, which differs between the runs.
+        for (std::size_t at = transcript.find(appDir); at != std::string::npos;
+             at = transcript.find(appDir, at))
+            transcript.replace(at, appDir.size(), "<appdir>");
+        // So are the temporary names the style samples are saved under.
+        static const std::regex temporaryName("rad[0-9A-F]{5}\\.tmp");
+        return std::regex_replace(transcript, temporaryName, "<temporary name>");
     }
 
     vellant::testing::TempDir data;
