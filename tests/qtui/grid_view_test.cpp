@@ -109,6 +109,28 @@ TEST_F(GridViewTest, CellPicturesAreDrawnWhereTheirAlignmentPutsThem) {
               view->palette().color(QPalette::Base));
 }
 
+// A style sample saved larger than its row is shrunk whole into the cell: its far corner shows.
+TEST_F(GridViewTest, ABitmapLargerThanItsCellIsShrunkWhole) {
+    auto sample = std::make_shared<vellant::Bitmap>(60, 60);
+    for (int y = 50; y < 60; ++y)
+        for (int x = 50; x < 60; ++x)
+            sample->set(x, y, 0xFF0000);
+    grid.setRow(2);
+    grid.setCol(2);
+    grid.setCellPicture({"", sample, 60 * platform::kTwipsPerPixel, 60 * platform::kTwipsPerPixel});
+    grid.setCellPictureAlignment(platform::flexAlignCenterCenter);
+    const QRect cell = view->cellRect(2, 2);
+    ASSERT_LT(cell.height(), 60);
+    const QImage image = picture();
+    int red = 0;
+    for (int y = cell.top(); y <= cell.bottom(); ++y)
+        for (int x = cell.left(); x <= cell.right(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            if (c.red() > 180 && c.green() < 100 && c.blue() < 100) ++red;
+        }
+    EXPECT_GT(red, 0);
+}
+
 TEST_F(GridViewTest, PictureAlignmentCodesPlaceByColumnAndLine) {
     const QRect cell(10, 20, 100, 30);
     const QSize size(16, 16);

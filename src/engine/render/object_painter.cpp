@@ -305,12 +305,20 @@ void ObjectPainter::drawText(const MapGeometry& geometry, bool selected) {
     if (geometry.parts.empty() || geometry.parts.front().empty()) return;
     const QRectF box = pixelBox(geometry.parts.front());
     const FontStyle& font = styles_.font(fontClause(object));
-    // A text object on a map is as tall as its box at the map's zoom, whatever point size its
-    // font clause names: it grows and shrinks with the map, as the host draws it.
+    // A text object on a map fills its box at the map's zoom, whatever point size its font
+    // clause names: it grows and shrinks with the map, as the host draws it. The characters are
+    // as tall as the box; a text too long for an unturned box is made smaller to fit it.
+    const QString text = QString::fromStdString(object.text);
     double pixelSize = box.height();
     if (pixelSize < 0.5) return; // smaller than a pixel: the host shows nothing either
     pixelSize = std::min(pixelSize, kLargestTextPixels);
-    const QString text = QString::fromStdString(object.text);
+    const QFontMetricsF unscaled(qtFont(font, pixelSize));
+    double scale = box.height() / unscaled.height();
+    const double advance = unscaled.horizontalAdvance(text);
+    if (object.angle == 0 && advance * scale > box.width() && box.width() > 0)
+        scale = box.width() / advance;
+    pixelSize = std::min(pixelSize * scale, kLargestTextPixels);
+    if (pixelSize < 0.5) return;
     // The box's bottom is the bottom of the characters: the baseline sits a descent above it.
     // A turned text turns about the box's lower-left corner.
     const QFontMetricsF metrics(qtFont(font, pixelSize));

@@ -104,14 +104,21 @@ void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand
     const QRect inner = rect.adjusted(0, 0, -1, -1);
     if (!cell.picture.empty()) {
         QSize size = pictureSize(cell.picture, look.scale.twipsPerPixel());
-        if (cell.pictureAlignment == kAlignStretch) size = inner.size();
+        if (cell.pictureAlignment == kAlignStretch) {
+            size = inner.size();
+        } else if (cell.pictureAlignment != platform::flexPicAlignTile &&
+                   (size.width() > inner.width() || size.height() > inner.height())) {
+            // A style sample is drawn at the size the host saved it, often more than a row:
+            // shrunk whole it still shows the style, cut it shows a corner of a letter.
+            size = size.scaled(inner.size(), Qt::KeepAspectRatio);
+        }
         const QPixmap& pixmap =
             cache.pixmap(cell, size, look, grid.PictureType() == platform::flexPictureMonochrome);
         if (!pixmap.isNull()) {
             if (cell.pictureAlignment == platform::flexPicAlignTile) {
                 painter.drawTiledPixmap(inner, pixmap);
             } else {
-                // A picture larger than its cell shows the part that fits.
+                // A picture that cannot shrink enough still keeps to its cell.
                 const QRect placed = pictureRect(inner, size, cell.pictureAlignment);
                 const QRect shown = placed.intersected(inner);
                 const qreal ratio = pixmap.devicePixelRatio();

@@ -211,6 +211,19 @@ INSTANTIATE_TEST_SUITE_P(
         return std::string(tested.param.name);
     });
 
+// A style sample makes a text of two letters in a square box: it must show whole, not one
+// giant letter cut off by the box.
+TEST_F(RenderTest, ATextTooLongForItsBoxIsMadeSmallerToFitIt) {
+    makeTable("t");
+    add("t", 1,
+        "Create Text into variable tobj \"Abcdef\" (40,40) (50,50) Font (\"DejaVu "
+        "Sans\",1,0,16711680)");
+    const int id = mapFrom("t");
+    const QImage image = draw(id);
+    EXPECT_GT(countColour(image, id, 40, 40, 50, 50, kRed), 10) << "inside the box";
+    EXPECT_EQ(countColour(image, id, 51, 30, 95, 60, kRed), 0) << "past its right edge";
+}
+
 TEST_F(RenderTest, TextTurnsByItsAngleAboutItsLowerLeftCorner) {
     makeTable("t");
     add("t", 1,
