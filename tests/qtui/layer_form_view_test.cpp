@@ -171,6 +171,37 @@ TEST_F(LayerFormOnQt, ARightClickOpensThePopupWithTheDocumentedItems) {
                                   "Show MapInfo status bar", "Save user position", "Self test"}));
 }
 
+// Opened column groups make the grid wider than its window: the glyphs of heads scrolled out
+// of it keep their places in the model but do not stand beside the grid on screen.
+TEST_F(LayerFormOnQt, ColumnGlyphsShowOnlyAboveTheGrid) {
+    int beside = 0;
+    int above = 0;
+    step([&] { desk->hands().doubleClick(grid(), midX(column("zoom layer")), midY(0)); });
+    step([&] { desk->hands().doubleClick(grid(), midX(column("label visible")), midY(0)); });
+    step([&] {
+        const QRect under = widget(grid())->geometry();
+        for (auto* glyphs : {&form().CollapseColsPic, &form().ExpandColsPic}) {
+            for (int i = glyphs->LBound(); i <= glyphs->UBound(); ++i) {
+                const platform::Control& glyph = (*glyphs)(i);
+                if (!glyph.Visible()) continue;
+                const QWidget* shown = widget(glyph);
+                ASSERT_NE(shown, nullptr);
+                if (shown->geometry().right() > under.right()) {
+                    ++beside;
+                    EXPECT_FALSE(shown->isVisible()) << glyph.Name() << i;
+                } else {
+                    ++above;
+                    EXPECT_TRUE(shown->isVisible()) << glyph.Name() << i;
+                }
+            }
+        }
+    });
+    step([&] { desk->hands().press(form().Cancel); });
+    run();
+    EXPECT_GT(beside, 0);
+    EXPECT_GT(above, 0);
+}
+
 TEST_F(LayerFormOnQt, EnterInTheEditorWritesTheCellAndTheLayer) {
     std::string text;
     step([&] { desk->hands().doubleClick(grid(), midX(column("zoom layer")), midY(0)); });

@@ -296,7 +296,7 @@ void ControlView::apply(platform::Property property) {
             applyPicture();
         break;
     case platform::Property::Visible:
-        widget_->setVisible(c.Visible());
+        applyVisible();
         break;
     case platform::Property::Enabled:
         widget_->setEnabled(c.Enabled());
@@ -333,6 +333,25 @@ void ControlView::applyGeometry() {
     const platform::Control& c = *control_;
     const QRect rect = form_.scale().pixelRect(c.Left(), c.Top(), c.Width(), c.Height());
     widget_->setGeometry(rect);
+    if (isColumnGlyph()) applyVisible();
+}
+
+void ControlView::applyVisible() {
+    bool shown = control_->Visible();
+    // A column glyph follows its head even when the grid has scrolled or folded that head out
+    // of its window; on screen it shows only where it stands above the grid.
+    if (shown && isColumnGlyph()) {
+        if (const GridView* grid = form_.gridView()) {
+            const QRect under = grid->geometry();
+            const QRect mine = widget_->geometry();
+            shown = mine.left() >= under.left() && mine.right() <= under.right();
+        }
+    }
+    widget_->setVisible(shown);
+}
+
+bool ControlView::isColumnGlyph() const {
+    return control_->Name() == "CollapseColsPic" || control_->Name() == "ExpandColsPic";
 }
 
 void ControlView::applyCaption() {

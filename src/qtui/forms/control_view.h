@@ -45,6 +45,8 @@ private:
     void wireInput();
     void apply(platform::Property property);
     void applyGeometry();
+    void applyVisible();
+    bool isColumnGlyph() const;
     void applyValue();
     void applyPicture();
     void applyText();
