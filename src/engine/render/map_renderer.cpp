@@ -267,14 +267,16 @@ RenderReport MapRenderer::draw(const Window& window, QImage& image, const Render
     ensureGuiApplication();
     RenderReport report;
     image.fill(options.background);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setRenderHint(QPainter::TextAntialiasing);
     if (!window.map) {
         report.problems.emplace_back(kMbWantMapperWindow, "Window " + std::to_string(window.id()) +
                                                               " is not a Map window.");
         return report;
     }
+    // A window sized to nothing has no picture to paint on.
+    if (image.isNull()) return report;
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::TextAntialiasing);
     const MapState& map = *window.map;
     const ViewTransform view = transformFor(window, QSizeF(image.size()));
     const Bounds visible = grown(view.box(), kCullMarginPixels / view.pixelsPerMapUnit());
