@@ -156,8 +156,8 @@ void wireLayerGrid(session::LayerForm& form, bool docked) {
     form.Save_user_position.onClick =
         withSession(form, [](Session& s) { prefs::save_user_position_click(s); });
     form.self_test.onClick = withSession(form, [](Session& s) { selftestclick(s); });
-    // Remove_layer, Add_Layer and View_Entire act on the map's layers; their handlers join with
-    // those operations. The window's items are the form's own (session/form_events.cpp).
+    // Remove_layer, Add_Layer and View_Entire act on the map's layers (mapchanges/map_panel.h).
+    // The window's items are the form's own (session/form_events.cpp).
 }
 
 } // namespace vellant::interaction

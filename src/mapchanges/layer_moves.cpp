@@ -3,6 +3,8 @@
 #include "base/basic_text.h"
 #include "base/bounded_array.h"
 #include "base/error_trap.h"
+#include "hostmodel/mapx_map.h"
+#include "mapchanges/layer_journal.h"
 #include "prefs/settings.h"
 #include "session/session.h"
 
@@ -44,8 +46,10 @@ bool MoveLayers(Session& s, std::int16_t from, std::int16_t to) {
             if (s.gIsMapInfo) {
                 s.mapInfoApp().Do("Set Map Window " + Str(s.gViewWin) + " Order " +
                                   newOrder(s, from, to));
+            } else {
+                mapDisplay(s).Layers()->Move(from, to);
+                journalLayerOp(s, "move", from, to);
             }
-            // The MapX host's Layers.Move and its journal entry join here with that host.
             moved = true;
         },
         [&](const RuntimeError& e) {

@@ -70,7 +70,7 @@ public:
     void setEnabled(bool v) { assign(enabled_, v, Property::Enabled); }
     // A value assignment fires the control's click handler when it changes, as a check box or
     // option button does when the program sets it.
-    void setValue(int v);
+    virtual void setValue(int v);
     // An option button whose set has another choice now: the value goes to 0 and observers
     // hear of it, but no click follows, as the desktop's option buttons raise none then.
     void clearOptionValue() { assign(value_, 0, Property::Value); }

@@ -1,5 +1,6 @@
 // The layer forms' own events, each handing over to the session's procedure of that name.
 
+#include "mapchanges/map_refresh.h"
 #include "prefs/setting_controls.h"
 #include "session/closing.h"
 #include "session/form_load.h"
@@ -67,6 +68,10 @@ void LayerForm::changeImmediate(bool showMessages) {
 
 void vlLayerControl::Form_Load() {
     if (session) vlLayerControl_Load(*session, *this);
+}
+
+void vlLayerControl::RefreshMap() {
+    if (session) mapchanges::refreshFromUserMap(*session);
 }
 
 void vlLayerControl::Cancel_Click() {

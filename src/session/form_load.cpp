@@ -98,7 +98,8 @@ void finishAttachment(Session& s, LayerForm& form, const char* pad, bool scaleVi
     send(s, "Set Map Window " + view + " zoom " + Str(s.gScaleZoom));
     form.ZoomWidth.setCaption(CStr(s.gScaleZoom) + evaluate(s, "mapperinfo(" + view + ",12)"));
     form.ZoomScale.setCaption("1: " + evaluate(s, "mapperinfo(" + view + ",2)"));
-    // The view opens at the user's scale here, once the map panel's options exist.
+    // The option's click gives the view the user's scale.
+    form.Map_SameScale.setValue(platform::OptionButton::kSet);
 }
 
 // The controls from the settings, the header, the grid, and the column widths that folded
@@ -143,7 +144,7 @@ void vlLayerControl_Load(Session& s, vlLayerControl& form) {
         [&] {
             s.gFormReady = kFalse;
             s.gMapChanged = kFalse;
-            // The queue of layer operations is emptied here, once it exists.
+            s.gLayerOpCount = 0;
             form.setCaption(std::string("Vellant ") + kVersion);
             prepareForm(s, form);
             if (s.gIsMapInfo) {

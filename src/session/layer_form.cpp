@@ -2,6 +2,7 @@
 
 #include "base/runtime_error.h"
 #include "interaction/grid_events.h"
+#include "mapchanges/map_panel.h"
 
 namespace vellant::session {
 
@@ -194,6 +195,7 @@ void LayerForm::designMapPanel() {
     ZoomWidth.setToolTipText("Zoom width of displayed map");
     ZoomScale.Move(120, 2100, 2160, 240);
     ZoomScale.setToolTipText("Scale of displayed map");
+    platform::OptionButton::group({&Map_custom, &Map_SameScale, &map_samezoom});
     map_bounds.Move(120, 2460, 2160, 300);
     map_bounds.setCaption("Bounds");
     map_bounds.setToolTipText("Show layer bounds and zoom to entire mapper");
@@ -282,10 +284,13 @@ void LayerForm::registerAll() {
 // Each twin hooks its own grid: the handlers differ a little between them.
 vlLayerControl::vlLayerControl(platform::Toolkit& toolkit) : LayerForm("vlLayerControl", toolkit) {
     interaction::wireLayerGrid(*this, false);
+    mapchanges::wireMapPanel(*this, false);
+    RedrawNOW.onClick = [this] { RefreshMap(); };
 }
 
 vlLayerDocked::vlLayerDocked(platform::Toolkit& toolkit) : LayerForm("vlLayerDocked", toolkit) {
     interaction::wireLayerGrid(*this, true);
+    mapchanges::wireMapPanel(*this, true);
     // The timer is switched on at the end of Form_Load, when the form is ready.
     Timer1.setEnabled(false);
     Timer1.onTimer = [this] { Timer1_Timer(); };

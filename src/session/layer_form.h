@@ -6,6 +6,7 @@
 #include "platform/flexgrid.h"
 #include "platform/form.h"
 #include "platform/menu_item.h"
+#include "platform/option_button.h"
 #include "platform/timer.h"
 
 #include <memory>
@@ -61,9 +62,10 @@ public:
     platform::Control MapInfoframe2{"MapInfoframe2"};
     platform::Control MapPropsFrame{"MapPropsFrame"};
     platform::Control MapbyCaption{"MapbyCaption"};
-    platform::Control Map_custom{"Map_custom"};
-    platform::Control Map_SameScale{"Map_SameScale"};
-    platform::Control map_samezoom{"map_samezoom"};
+    // How the view is zoomed: one option of the three is set.
+    platform::OptionButton Map_custom{"Map_custom"};
+    platform::OptionButton Map_SameScale{"Map_SameScale"};
+    platform::OptionButton map_samezoom{"map_samezoom"};
     platform::Control ScaleUnits{"ScaleUnits"};
     platform::Control ZoomWidth{"ZoomWidth"};
     platform::Control ZoomScale{"ZoomScale"};
@@ -138,6 +140,8 @@ private:
 class vlLayerControl : public LayerForm {
 public:
     explicit vlLayerControl(platform::Toolkit& toolkit);
+    // RedrawNOW: the grid is loaded again with the user's map's number of layers.
+    void RefreshMap();
     void Cancel_Click() override;
     void Docked_Click() override;
     void MapImmediate_Click() override;

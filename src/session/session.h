@@ -7,6 +7,7 @@
 #include "grid/grid_state.h"
 #include "hostmodel/facade_context.h"
 #include "interaction/click_state.h"
+#include "mapchanges/mapchanges_state.h"
 #include "platform/automation.h"
 #include "platform/toolkit.h"
 #include "prefs/prefs_state.h"
@@ -24,6 +25,7 @@ struct Session : SessionState,
                  prefs::PrefsState,
                  grid::GridState,
                  interaction::ClickState,
+                 mapchanges::MapChangesState,
                  styles::StyleState,
                  hostmodel::FacadeContext {
     // The application directory holds Vellant.prf and Vellant.log; the host hands it over. The

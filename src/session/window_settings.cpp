@@ -1,6 +1,7 @@
 #include "session/window_settings.h"
 
 #include "base/error_trap.h"
+#include "mapchanges/map_panel.h"
 #include "platform/toolkit.h"
 #include "prefs/settings.h"
 #include "session/layer_form.h"
@@ -67,6 +68,8 @@ void show_MI_statusbar_click(Session& s) {
                 });
 }
 
-void captionsFollowViewZoom(Session& /*s*/) {}
+void captionsFollowViewZoom(Session& s) {
+    mapchanges::setmapcaptions(s, s.map().zoom());
+}
 
 } // namespace vellant::session

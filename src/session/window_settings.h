@@ -14,9 +14,8 @@ void showMIstatusbar(Session& s);
 // The floating form's status bar item.
 void show_MI_statusbar_click(Session& s);
 
-// The user did something in the frame of the view map: the panel's captions follow the view's
-// zoom. This is where the map panel's setmapcaptions is called with gMap.zoom; until the panel
-// exists it has nothing to update.
+// The user did something in the frame of the view map, or MapInfo reports a change of a
+// window: the panel's captions follow the view's zoom (setmapcaptions with gMap.zoom).
 void captionsFollowViewZoom(Session& s);
 
 } // namespace vellant::session

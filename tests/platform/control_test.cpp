@@ -1,6 +1,7 @@
 #include "error_number.h"
 #include "platform/control.h"
 #include "platform/control_array.h"
+#include "platform/option_button.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -63,6 +64,26 @@ TEST(Control, ValueChangeClicksLikeACheckBox) {
     check.setValue(0);
     EXPECT_EQ(clicks, 2);
     EXPECT_EQ(valueSeenInClick, 0);
+}
+
+TEST(OptionButton, SelectingOneClearsItsGroupAndClicksOnlyItself) {
+    OptionButton a("A"), b("B"), c("C");
+    OptionButton::group({&a, &b, &c});
+    std::vector<std::string> clicks;
+    for (OptionButton* option : {&a, &b, &c})
+        option->onClick = [&clicks, option] { clicks.push_back(option->Name()); };
+    Recorder seenByA;
+    seenByA.attach(a);
+
+    a.select();
+    b.select();
+    b.select(); // already set: no click
+    EXPECT_EQ(clicks, (std::vector<std::string>{"A", "B"}));
+    EXPECT_EQ(a.Value(), 0);
+    EXPECT_EQ(b.Value(), OptionButton::kSet);
+    EXPECT_EQ(c.Value(), 0);
+    // The cleared neighbour's view still hears that its value went.
+    EXPECT_EQ(seenByA.seen, (std::vector<Property>{Property::Value, Property::Value}));
 }
 
 TEST(Control, ObserverMayUnsubscribeAnotherDuringDelivery) {
