@@ -112,7 +112,11 @@ TEST_F(CallbackTest, StyleInAnyCaseEndsTheStyleDialogWait) {
         // Nothing was chosen: the pick's end only draws the grid and the map again.
         EXPECT_THAT(recorder->calls,
                     ElementsAre("do Set Application Window 0",
-                                "do Set Map Window " + Str(s.gViewWin) + " redraw on"));
+                                "do Set Map Window " + Str(s.gViewWin) + " redraw on",
+                                // The host reports the change, and the captions follow.
+                                "eval mapperinfo(" + Str(s.gViewWin) + ",1)",
+                                "eval mapperinfo(" + Str(s.gViewWin) + ",12)",
+                                "eval mapperinfo(" + Str(s.gViewWin) + ",2)"));
     });
     expectSessionGoesOn();
     pressCancel();
