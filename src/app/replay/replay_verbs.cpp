@@ -153,6 +153,7 @@ const Verb kVerbs[] = {
     {"tick", Argument::None, {}, false, tickVerb, "tick"},
     {"formheight", Argument::Integer, {}, false, formHeightVerb, "formheight <twips>"},
     {"geometry", Argument::None, {}, false, geometryVerb, "geometry"},
+    {"panel", Argument::None, {}, false, panelVerb, "panel"},
 };
 
 } // namespace

@@ -147,6 +147,19 @@ void geometryVerb(ReplayRun& replay, const ScriptLine& line) {
                                   (replay.desk().timerRunning(timer) ? " on" : " off"));
 }
 
+void panelVerb(ReplayRun& replay, const ScriptLine& line) {
+    session::LayerForm* form = loadedLayerForm(replay);
+    if (!form) return replay.refuse(line, "no layer form is loaded");
+    const std::initializer_list<const platform::Control*> controls = {
+        &form->Map_custom, &form->Map_SameScale, &form->map_samezoom, &form->ScaleUnits,
+        &form->ZoomWidth,  &form->ZoomScale,     &form->map_bounds,   &form->RedrawMAP,
+        &form->SelectTool, &form->Pan,           &form->ZoomIn,       &form->ZoomOut};
+    for (const platform::Control* control : controls)
+        replay.transcript().write(
+            "panel", control->Name() + " " + std::to_string(control->Value()) +
+                         (control->Visible() ? " shown " : " hidden ") + control->Caption());
+}
+
 void writeWindowPos(ReplayRun& replay, const platform::ScriptedToolkit::WindowPosCall& call) {
     replay.transcript().write(
         "windowpos", windowName(replay, call.hwnd) + " " +

@@ -18,6 +18,8 @@ void tickVerb(ReplayRun& replay, const ScriptLine& line);
 // "formheight <twips>": the user drags the form's top edge; its bottom edge stays.
 void formHeightVerb(ReplayRun& replay, const ScriptLine& line);
 void geometryVerb(ReplayRun& replay, const ScriptLine& line);
+// "panel": the map panel's options, captions, check boxes and tools as they stand.
+void panelVerb(ReplayRun& replay, const ScriptLine& line);
 
 // The transcript line of a SetWindowPos call, windows by name where the runner knows them.
 void writeWindowPos(ReplayRun& replay, const platform::ScriptedToolkit::WindowPosCall& call);
