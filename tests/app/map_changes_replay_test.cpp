@@ -104,10 +104,16 @@ TEST_F(MapChangesReplay, RemovingARowSetAndInsertingATableChangeOnlyTheViewUntil
     EXPECT_EQ(state(cancelled), state(baseline));
 }
 
-TEST_F(MapChangesReplay, TheChooserClosedWithEscAddsNothing) {
-    const auto lines = replay("select 4 4\nmenu Add_Layer\nesc\npress OK\n");
-    EXPECT_THAT(linesOf(lines, {"do Add map", "do Set Map Window  40002 Order"}),
-                ::testing::IsEmpty());
+TEST_F(MapChangesReplay, AChooserClosedWithEscOrATableTheHostRefusesAddsNothing) {
+    const auto lines = replay("select 4 4\nmenu Add_Layer\nesc\n"
+                              "select 4 4\nmenu Add_Layer\ntype nosuch\nsnapshot\npress OK\n");
+    EXPECT_THAT(linesOf(lines, {"do Add map", "error", "do Set Map Window  40002 Order", "log"}),
+                ElementsAre("log Error from getotherprefs #99 File not found",
+                            "log Error from getmapprefs File not found",
+                            "do Add map window  40002 layer nosuch",
+                            "error 405 Table nosuch is not open."));
+    // The grid was not loaded again: its last row is still the raster's.
+    EXPECT_THAT(lines, Contains(::testing::MatchesRegex("cell 9 0 .* text raster")));
     EXPECT_EQ(mapOf(lines), "Map From text,points,lines,mixed,regions,empty,raster");
 }
 
