@@ -14,16 +14,15 @@ namespace {
 
 constexpr const char* kScaleUnitsTip = "Scale is shown in form paperunits:mapunits";
 
-// MapInfo's menu commands of the map tools, and the MapX control's tool of each.
+// The MapX control's tool for each of MapInfo's menu commands.
 struct MapTool {
     int menuCommand;
     int mapxTool;
 };
-constexpr MapTool kSelectTool{1701, 1007};
-constexpr MapTool kPanTool{1702, 1001};
-constexpr MapTool kZoomInTool{1705, 1003};
-constexpr MapTool kZoomOutTool{1706, 1004};
-constexpr MapTool kTools[] = {kSelectTool, kPanTool, kZoomInTool, kZoomOutTool};
+constexpr MapTool kTools[] = {{kSelectToolCommand, 1007},
+                              {kPanToolCommand, 1001},
+                              {kZoomInToolCommand, 1003},
+                              {kZoomOutToolCommand, 1004}};
 
 void showTools(LayerForm& form, bool visible) {
     for (platform::Control* tool : {&form.ZoomIn, &form.ZoomOut, &form.Pan, &form.SelectTool})
@@ -46,12 +45,6 @@ void zoomOption(Session& s, LayerForm& form, const platform::Control& option, fl
     }
     setmapcaptions(s, zoom);
     showTools(form, false);
-}
-
-template <class Handler> std::function<void()> withSession(LayerForm& form, Handler handler) {
-    return [&form, handler] {
-        if (form.session) handler(*form.session);
-    };
 }
 
 } // namespace

@@ -22,8 +22,14 @@ void Map_SameScale_Click(Session& s, LayerForm& form, bool docked);
 void map_samezoom_Click(Session& s, LayerForm& form, bool docked);
 void Map_custom_Click(LayerForm& form);
 
-// A map tool of the view: MapInfo's menu command (1701 select, 1702 pan, 1705 zoom in, 1706
-// zoom out), or the MapX control's current tool.
+// MapInfo's menu commands of the map tools.
+constexpr int kSelectToolCommand = 1701;
+constexpr int kPanToolCommand = 1702;
+constexpr int kZoomInToolCommand = 1705;
+constexpr int kZoomOutToolCommand = 1706;
+
+// A map tool of the view, by MapInfo's menu command: the command runs, or on the MapX host the
+// control's current tool changes.
 void chooseMapTool(Session& s, int menuCommand);
 
 // The check box RedrawMAP turns the view map's drawing on or off.

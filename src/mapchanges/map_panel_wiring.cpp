@@ -7,6 +7,7 @@
 #include "session/session.h"
 
 #include <functional>
+#include <utility>
 
 namespace vellant::mapchanges {
 
@@ -27,8 +28,10 @@ void wireMapPanel(LayerForm& form, bool docked) {
     form.map_samezoom.onClick =
         withSession(form, [&form, docked](Session& s) { map_samezoom_Click(s, form, docked); });
     form.Map_custom.onClick = [&form] { Map_custom_Click(form); };
-    const std::pair<platform::Control*, int> tools[] = {
-        {&form.SelectTool, 1701}, {&form.Pan, 1702}, {&form.ZoomIn, 1705}, {&form.ZoomOut, 1706}};
+    const std::pair<platform::Control*, int> tools[] = {{&form.SelectTool, kSelectToolCommand},
+                                                        {&form.Pan, kPanToolCommand},
+                                                        {&form.ZoomIn, kZoomInToolCommand},
+                                                        {&form.ZoomOut, kZoomOutToolCommand}};
     for (const auto& [control, command] : tools) {
         const int menuCommand = command;
         control->onClick =
