@@ -117,6 +117,14 @@ TEST_F(MapChangesReplay, AChooserClosedWithEscOrATableTheHostRefusesAddsNothing)
     EXPECT_EQ(mapOf(lines), "Map From text,points,lines,mixed,regions,empty,raster");
 }
 
+TEST_F(MapChangesReplay, ATableInsertedAtTheCosmeticRowStaysOnTop) {
+    const auto lines = replay("select 1 1\nmenu Add_Layer\npick 1\nsnapshot\npress OK\n");
+    EXPECT_THAT(linesOf(lines, {"do Add map", "do Set Map Window  40002 Order"}),
+                ElementsAre("do Add map window  40002 layer regions"));
+    EXPECT_THAT(lines, Contains(::testing::MatchesRegex("cell 2 0 .* text regions")));
+    EXPECT_EQ(mapOf(lines), "Map From regions,text,points,lines,mixed,regions,empty,raster");
+}
+
 TEST_F(MapChangesReplay, ViewEntireOnTheDockedFormZoomsToOneLayerOrToARange) {
     dockTheForm();
     const auto lines = replay("select 3 3\nmenu View_Entire\nselect 3 5\nmenu View_Entire\n"
