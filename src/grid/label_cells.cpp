@@ -5,6 +5,7 @@
 #include "grid/column_catalogue.h"
 #include "grid/setpropandcell.h"
 #include "hostmodel/host_predicates.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props_label_props.h"
 #include "session/session.h"
 
@@ -31,10 +32,20 @@ void showPicture(CellAtHand& cell, const char* image) {
 
 RuleEnd fieldRule(CellAtHand& cell) {
     if (notApplicable(cell)) return gray(cell);
-    if (isMapInfo(cell) && cell.s.gApplyToLayer)
-        hostmodel::asMIPropsLabelProps(cell.s.labelProps()).setDatafield(cell.text);
-    // The MapX host's field is an object of the layer's dataset; that branch comes with the
-    // MapX host.
+    Session& s = cell.s;
+    if (isMapInfo(cell)) {
+        if (s.gApplyToLayer) hostmodel::asMIPropsLabelProps(s.labelProps()).setDatafield(cell.text);
+        return RuleEnd::Paint;
+    }
+    // The MapX host's field is an object of the layer's first dataset, chosen by name; only a
+    // click chooses one.
+    if (s.gInClick && !cell.text.empty()) {
+        hostmodel::MXLabelProperties& labels = hostmodel::asMXLabelProperties(s.labelProps());
+        labels.setDataset(hostmodel::asMXLayer(s.lyr()).Datasets()->Item(Variant(1)));
+        const auto dataset = std::dynamic_pointer_cast<hostmodel::MXDataset>(labels.Dataset());
+        if (!dataset) raiseError(kErrObjectNotSet);
+        labels.setDataField(dataset->Fields()->Item(Variant(cell.text)));
+    }
     return RuleEnd::Paint;
 }
 

@@ -8,12 +8,15 @@
 #include "grid/column_catalogue.h"
 #include "grid/layer_rows.h"
 #include "grid/setpropandcell.h"
+#include "grid/view_map_layers.h"
 #include "hostmodel/host_predicates.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props.h"
 #include "prefs/settings.h"
 #include "session/session.h"
 #include "styles/label_copy.h"
 #include "styles/override_cells.h"
+#include "styles/style_copy.h"
 #include "styles/style_samples.h"
 
 #include <algorithm>
@@ -99,27 +102,68 @@ std::string featureTypeText(Session& s, hostmodel::ILayer& source) {
     }
 }
 
+// Where a row's values are read: the facades on the MapInfo host; on the MapX host a layer of
+// the user's map while the view is being built, of the view map afterwards.
+struct RowSource {
+    std::shared_ptr<hostmodel::ILayer> layer;
+    std::shared_ptr<hostmodel::ILabelProps> labels;
+};
+
+RowSource mapInfoSource(Session& s) {
+    RowSource source{s.gLyr, s.gLabelProps};
+    if (!source.layer || !source.labels) raiseError(kErrObjectNotSet);
+    s.gLayerType = hostmodel::asMIProps(*source.layer).ltype();
+    return source;
+}
+
+// The view layer becomes gLyr, and for a plain layer its style and labels the current ones;
+// on the first load the layer is made first, from the user's.
+RowSource mapXSource(Session& s, std::int16_t i, bool rebuild) {
+    hostmodel::MXMap& view = s.layerForm().MapDisplay.map();
+    const Variant index(static_cast<std::int32_t>(i));
+    std::shared_ptr<hostmodel::MXLayer> source =
+        rebuild ? hostmodel::asMXMap(s.map()).Layers()->Item(index) : view.Layers()->Item(index);
+    s.gLayerType = source->Type();
+    std::shared_ptr<hostmodel::MXLabelProperties> labels;
+    if (s.gLayerType == 0) labels = source->LabelProperties();
+    s.gTrace = "0.01";
+    if (rebuild) createlayer(s, view, i, *source, true, false, "");
+    const std::shared_ptr<hostmodel::MXLayer> viewLayer = view.Layers()->Item(index);
+    s.gLyr = viewLayer;
+    s.gTrace = "0.02 ";
+    if (s.gLayerType == 0) {
+        s.gStyle = viewLayer->Style();
+        s.gLabelProps = viewLayer->LabelProperties();
+    }
+    s.gTrace = "0.03";
+    if (s.gLayerType == 0) s.gLabelStyle = hostmodel::asMXLabelProperties(s.labelProps()).Style();
+    return {source, labels};
+}
+
+std::string mapXCoordsys(hostmodel::ILayer& source) {
+    const std::shared_ptr<hostmodel::MXCoordSys> coordsys = hostmodel::asMXLayer(source).CoordSys();
+    return "Type: " + Str(coordsys->Type()) + ", Units: " + unittext(Variant(coordsys->Units()));
+}
+
 // The row of one layer. Returns the length of its name in characters.
-long loadLayerRow(Session& s, platform::FlexGrid& grid, std::int16_t i) {
+long loadLayerRow(Session& s, platform::FlexGrid& grid, std::int16_t i, bool rebuild) {
     s.gLayer = i;
     s.gRow = i;
     s.gPendFirst = i;
     s.gPendLast = i;
     s.gTrace = ".005 ";
 
-    // The MapInfo host reads through the facades, which follow gLayer. The MapX host's source
-    // and view layers come with that host.
-    hostmodel::ILayer& source = s.lyr();
-    hostmodel::ILabelProps& sourceLabels = s.labelProps();
-    hostmodel::MIProps& props = hostmodel::asMIProps(source);
-    s.gLayerType = props.ltype();
+    const bool mapInfo = s.gIsMapInfo != kFalse;
+    const RowSource found = mapInfo ? mapInfoSource(s) : mapXSource(s, i, rebuild);
+    hostmodel::ILayer& source = *found.layer;
     s.gTrace = ".0055 ";
 
     const int row = LayerToRow(s, static_cast<std::uint16_t>(i));
     grid.setRow(row);
     grid.setCol(0);
-    grid.setText(source.Name());
-    if (s.gLayerType == 0 || s.gLayerType == 1) showTableState(s, grid, props);
+    grid.setText(s.lyr().Name());
+    if (mapInfo && (s.gLayerType == 0 || s.gLayerType == 1))
+        showTableState(s, grid, hostmodel::asMIProps(source));
 
     s.gTrace = ".0057 ";
     grid.setDragMode(platform::vbManual);
@@ -138,20 +182,31 @@ long loadLayerRow(Session& s, platform::FlexGrid& grid, std::int16_t i) {
     s.gFeatureType = hostmodel::GetFeatureType(s, source);
     s.gTrace = ".0065 ";
 
+    // A raster layer of MapX has no display toggles and no labels to ask about.
+    const bool mapXRaster = !mapInfo && s.gLayerType == 2;
     paint(s, "Visible", source.Visible());
-    paint(s, "show nodes", source.Shownodes());
-    paint(s, "show directions", source.Showlinedirection());
-    paint(s, "show centroids", source.ShowCentroids());
-    paint(s, "Selectable", source.Selectable());
+    if (!mapXRaster) {
+        paint(s, "show nodes", source.Shownodes());
+        paint(s, "show directions", source.Showlinedirection());
+        paint(s, "show centroids", source.ShowCentroids());
+        paint(s, "Selectable", source.Selectable());
+    }
     s.gTrace = "1";
     if (s.gLayerType == 0) {
         paint(s, "Editable", source.Editable());
-        paint(s, "Fastedit", props.Fastedit());
-        paint(s, "Undo", props.Undo());
-        paint(s, "Readonly", props.Readonly());
+        if (mapInfo) {
+            hostmodel::MIProps& props = hostmodel::asMIProps(source);
+            paint(s, "Fastedit", props.Fastedit());
+            paint(s, "Undo", props.Undo());
+            paint(s, "Readonly", props.Readonly());
+        } else {
+            paint(s, "Fastedit", false);
+            paint(s, "Undo", false);
+            paint(s, "Readonly", false);
+        }
     }
     s.gTrace = "2";
-    paint(s, "Autolabel", source.Autolabel());
+    if (!mapXRaster) paint(s, "Autolabel", source.Autolabel());
     paint(s, "Zoom layer", source.ZoomLayer());
     paint(s, "Zoom min", source.ZoomMin());
     paint(s, "Zoom max", source.ZoomMax());
@@ -159,7 +214,7 @@ long loadLayerRow(Session& s, platform::FlexGrid& grid, std::int16_t i) {
     // Feature counts are read only when their column group is unfolded.
     paint(s, "Info", "");
     paint(s, "Table Path", source.FileSpec());
-    paint(s, "Coordsys", props.coordsys());
+    paint(s, "Coordsys", mapInfo ? hostmodel::asMIProps(source).coordsys() : mapXCoordsys(source));
     s.gTrace = "4";
 
     if (s.gLayer == 0) {
@@ -172,7 +227,10 @@ long loadLayerRow(Session& s, platform::FlexGrid& grid, std::int16_t i) {
     if (s.gLayerType == 0) {
         s.gTrace = "4.10";
         overridden = source.overridestyle();
+        if (!mapInfo) s.lyr().setoverridestyle(toFlag(overridden));
         s.gOrigOverride[s.gLayer] = overridden;
+        if (!mapInfo)
+            styles::copystyle(s, hostmodel::asMXLayer(source), hostmodel::asMXLayer(s.lyr()));
         s.gTrace = "4.11";
     }
     const std::string typeText = featureTypeText(s, source);
@@ -182,7 +240,8 @@ long loadLayerRow(Session& s, platform::FlexGrid& grid, std::int16_t i) {
         styles::setoridestylecell(s, s.gFeatureType, overridden, false);
 
     s.gTrace = "6";
-    styles::copylabelprops(s, source, sourceLabels, source, sourceLabels, i, true);
+    if (mapInfo || s.gLayerType < 2)
+        styles::copylabelprops(s, source, *found.labels, s.lyr(), s.labelProps(), i, true);
     s.gTrace = "6.01";
     return nameLength;
 }
@@ -217,14 +276,19 @@ void load_grid(Session& s, bool& rebuild) {
             if (mapInfo) {
                 s.mapInfoApp().Do("set event processing off");
                 s.mapInfoApp().Do("set progressbars off");
+            } else if (rebuild) {
+                // The view map opens with the user's geoset, and is then built layer by layer.
+                hostmodel::MXMap& view = form.MapDisplay.map();
+                view.setGeoset(hostmodel::asMXMap(s.map()).Geoset());
+                view.Layers()->RemoveAll();
             }
             s.gApplyToLayer = toFlag(!mapInfo && rebuild);
             s.gClickRow = 0;
 
             long longestName = 0;
             for (int i = mapInfo ? 0 : 1; i <= s.gLayerCount; ++i)
-                longestName =
-                    std::max(longestName, loadLayerRow(s, grid, static_cast<std::int16_t>(i)));
+                longestName = std::max(
+                    longestName, loadLayerRow(s, grid, static_cast<std::int16_t>(i), rebuild));
 
             grid.setColWidth(getcolnum(s, "Layer"),
                              static_cast<int>((longestName + 2) * kTwipsPerCharacter));
@@ -240,6 +304,9 @@ void load_grid(Session& s, bool& rebuild) {
             if (mapInfo) {
                 s.mapInfoApp().Do("set event processing on");
                 s.mapInfoApp().Do("set progressbars on");
+            } else {
+                form.MapDisplay.map().setAutoRedraw(true);
+                form.MapDisplay.map().Refresh();
             }
             s.toolkit.setMousePointer(platform::vbDefault);
             styles::closestylewin(s);

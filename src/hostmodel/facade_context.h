@@ -15,6 +15,7 @@ namespace vellant::hostmodel {
 
 class IMap;
 class ILayer;
+class MXMap;
 
 class FacadeContext {
 public:
@@ -36,6 +37,8 @@ public:
     // gMap and gLyr; error 91 when not set.
     virtual IMap& mapObject() = 0;
     virtual ILayer& layerObject() = 0;
+    // The view map of the MapX host, the form's MapDisplay; error 91 when there is none.
+    virtual MXMap& viewMap();
 
     // gStyleValue, the style text a style let sends; gBorderPen, the border pen of the last
     // region style read; gColIter, the loop variable the label style get walks with.

@@ -2,9 +2,14 @@
 
 #include "base/basic_text.h"
 #include "hostmodel/mapper.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props.h"
 
 namespace vellant::hostmodel {
+
+MXMap& FacadeContext::viewMap() {
+    raiseError(kErrObjectNotSet);
+}
 
 std::int16_t CurrentLayerIndex(const FacadeContext& context) {
     // While a click is dispatched, gets read the clicked row's layer even when the walk has
@@ -47,8 +52,12 @@ bool IsLayerReadonly(FacadeContext& context) {
 }
 
 void MapRedraw(FacadeContext& context, const std::string& onoff) {
-    // The MapX host's view control (AutoRedraw) joins here once that host exists.
-    if (!context.isMapInfoHost()) return;
+    if (!context.isMapInfoHost()) {
+        // Letter case counts: "ON" is no word of this switch.
+        if (onoff == "on") context.viewMap().setAutoRedraw(true);
+        if (onoff == "off") context.viewMap().setAutoRedraw(false);
+        return;
+    }
     context.mapInfo().Do("Set Map Window " + Str(context.viewWindow()) + " redraw " + onoff);
 }
 

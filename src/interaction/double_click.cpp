@@ -5,6 +5,7 @@
 #include "grid/column_catalogue.h"
 #include "grid/header_cells.h"
 #include "grid/layer_rows.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props.h"
 #include "interaction/info_cells.h"
 #include "platform/toolkit.h"
@@ -38,9 +39,18 @@ int layerRow(const Session& s, int layer) {
 void fillFeatureCounts(Session& s, platform::FlexGrid& grid, int head) {
     s.toolkit.setMousePointer(platform::vbHourglass);
     long widest = 0;
-    for (s.gLayer = 0; s.gLayer <= s.gLayerCount; ++s.gLayer) {
+    // On the MapX host a layer that is not plain shows the count last read before it.
+    std::int32_t count = 0;
+    const bool mapInfo = s.gIsMapInfo != kFalse;
+    for (s.gLayer = mapInfo ? 0 : 1; s.gLayer <= s.gLayerCount; ++s.gLayer) {
         const int row = layerRow(s, s.gLayer);
-        grid.setTextMatrix(row, head, Str(hostmodel::asMIProps(s.lyr()).count()));
+        if (mapInfo) {
+            count = hostmodel::asMIProps(s.lyr()).count();
+        } else {
+            const auto layer = s.layerForm().MapDisplay.map().Layers()->Item(Variant(s.gLayer));
+            if (layer->Type() == 0) count = layer->AllFeatures()->Count();
+        }
+        grid.setTextMatrix(row, head, Str(count));
         widest = std::max(widest, Len(grid.TextMatrix(row, head)));
         grid.Refresh();
     }

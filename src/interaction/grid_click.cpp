@@ -6,12 +6,14 @@
 #include "grid/layer_rows.h"
 #include "grid/setpropandcell.h"
 #include "hostmodel/host_predicates.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props.h"
 #include "interaction/edit_cell.h"
 #include "interaction/toggle_cycle.h"
 #include "platform/toolkit.h"
 #include "prefs/settings.h"
 #include "session/session.h"
+#include "styles/label_copy.h"
 #include "styles/label_style.h"
 #include "styles/override_cells.h"
 #include "styles/style_samples.h"
@@ -22,6 +24,11 @@ namespace {
 
 using grid::LayerToRow;
 using grid::RowToLayer;
+
+// A layer of the MapX host's view map by its number.
+std::shared_ptr<hostmodel::MXLayer> viewLayer(Session& s, std::int32_t layer) {
+    return s.layerForm().MapDisplay.map().Layers()->Item(Variant(layer));
+}
 
 // The grid's row of a layer and the layer of a row, for the plain ints the walk counts in.
 int rowOf(const Session& s, int layer) {
@@ -115,6 +122,13 @@ void editCellRow(Session& s, const CoveredRows& rows, const KeyedColumns& keyed)
     if (s.gCol == keyed.group) s.gLayerGroup[s.gRow] = grid.TextMatrix(rowOf(s, s.gRow), s.gCol);
 }
 
+// The MapX host repeats the clicked row's labels on each row of a set.
+void copyClickedLabels(Session& s) {
+    if (!s.gViewLyr) raiseError(kErrObjectNotSet);
+    styles::copylabelprops(s, *s.gViewLyr, s.viewLabelProps(), s.lyr(), s.labelProps(),
+                           static_cast<std::int16_t>(s.gRow), true);
+}
+
 // A click on the label style cell of the row at hand. Answers false when the click is to end
 // here: on the MapInfo host a row set's labels wait for the font picked in the host's dialog,
 // and the rest of the set and the click's closing steps come with that pick.
@@ -138,9 +152,10 @@ bool labelStyleRow(Session& s, const CoveredRows& rows) {
             s.gInClick = kFalse;
             return false;
         }
-        // The MapX host copies the clicked row's labels here, once that host exists.
+        copyClickedLabels(s);
     } else if (rows.first != rows.last && !s.gIsMapInfo) {
-        // Likewise the MapX host's copy to the other rows of the set.
+        s.labelProps().setVisible(toFlag(viewLabels.Visible()));
+        copyClickedLabels(s);
     } else if (rows.first == rows.last) {
         styles::setlabelprops(s, s.labelProps(), row, toggle);
         if (s.gIsMapInfo) {
@@ -185,9 +200,13 @@ void Layergridclick(Session& s) {
 
             s.gApplyToLayer = kTrue;
             grid.setRedraw(false);
-            // The MapX host's label object of the clicked row joins here once that host
-            // exists; the MapInfo facade already follows gLayer.
-            s.gViewLabelProps = s.gLabelProps;
+            // The label object of the clicked row; the MapInfo facade follows gLayer.
+            if (s.gIsMapInfo) {
+                s.gViewLabelProps = s.gLabelProps;
+            } else {
+                const auto clicked = viewLayer(s, s.gClickRow);
+                if (clicked->Type() == 0) s.gViewLabelProps = clicked->LabelProperties();
+            }
 
             s.gInClick = kTrue;
             const std::uint16_t type = s.gColType[s.gCol];
@@ -195,7 +214,14 @@ void Layergridclick(Session& s) {
             for (s.gRow = rows.first; s.gRow <= rows.last; ++s.gRow) {
                 grid.setRow(rowOf(s, s.gRow));
                 s.gLayer = static_cast<std::int16_t>(s.gRow);
-                s.gLayerType = hostmodel::asMIProps(s.lyr()).ltype();
+                if (!s.gIsMapInfo && s.gRow >= 1) {
+                    const auto layer = viewLayer(s, s.gRow);
+                    s.gLyr = layer;
+                    s.gViewLyr = layer;
+                    if (layer->Type() == 0) s.gLabelProps = layer->LabelProperties();
+                }
+                s.gLayerType = s.gIsMapInfo ? hostmodel::asMIProps(s.lyr()).ltype()
+                                            : hostmodel::asMXLayer(s.lyr()).Type();
                 s.gFeatureType = hostmodel::GetFeatureType(s, s.lyr());
 
                 if (s.gGroupClick && s.gLayerGroup[s.gRow] != s.gLayerGroup[s.gClickRow]) continue;

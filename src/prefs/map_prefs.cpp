@@ -5,6 +5,7 @@
 #include "grid/column_catalogue.h"
 #include "grid/layer_rows.h"
 #include "hostmodel/mapper.h"
+#include "hostmodel/mapx_map.h"
 #include "interaction/double_click.h"
 #include "prefs/map_slots.h"
 #include "prefs/record_file.h"
@@ -47,6 +48,7 @@ void collapseStoredGroups(Session& s, platform::FlexGrid& grid, std::int16_t sto
 } // namespace
 
 std::string maptitle(Session& s) {
+    if (!s.gIsMapInfo) return hostmodel::asMXMap(s.map()).Title()->Caption();
     auto* mapper = dynamic_cast<hostmodel::Mapper*>(&s.map());
     if (mapper == nullptr) raiseError(kErrTypeMismatch);
     return mapper->titletext();

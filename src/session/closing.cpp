@@ -13,6 +13,7 @@
 #include "prefs/map_slots.h"
 #include "prefs/settings.h"
 #include "session/attach.h"
+#include "session/mapx_commit.h"
 #include "session/session.h"
 #include "styles/style_samples.h"
 #include "support/vl_feedback.h"
@@ -77,6 +78,7 @@ void okclick(Session& s) {
             // before the settings, which hold the count of stored maps.
             prefs::writemapprefs(s, prefs::mapprefname(prefs::maptitle(s)));
             prefs::writeprefs(s);
+            copytomap2(s);
             if (s.gIsMapInfo) {
                 if (windowOpen(s, s.gViewWin) && !s.gImmediate) replaceUserMap(s);
                 if (windowOpen(s, s.gMapWin) && !s.gImmediate) closeWindow(s, s.gMapWin);

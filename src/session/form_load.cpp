@@ -11,7 +11,7 @@
 #include "grid/column_catalogue.h"
 #include "grid/header_cells.h"
 #include "grid/load_grid.h"
-#include "hostmodel/map_object.h"
+#include "hostmodel/mapx_map.h"
 #include "interaction/double_click.h"
 #include "platform/file_system_object.h"
 #include "prefs/map_prefs.h"
@@ -33,6 +33,7 @@ constexpr const char* kVersion = "1.00 Beta (01)";
 constexpr std::int16_t kMapInfoColumnCount = 38;
 constexpr std::int16_t kMapXColumnCount = 39;
 constexpr int kDockedTimerInterval = 100;
+constexpr const char* kMapXClass = "MapX.Map.4";
 
 constexpr const char* kFloatingPad =
     "Create Buttonpad \"Callback\" As Pushbutton ID 2001 Calling OLE \"RunCommand\" hide ";
@@ -53,6 +54,13 @@ template <class T> std::shared_ptr<T> create(Session& s, const char* className) 
     return platform::AutomationRegistry::as<T>(s.registry.CreateObject(className));
 }
 
+// The view map of the MapX host is a control of the form, a map of the client's own MapX; it
+// stays undrawn until the first load has built it.
+void prepareMapDisplay(Session& s, LayerForm& form) {
+    form.MapDisplay.setMap(create<hostmodel::MXMap>(s, kMapXClass));
+    form.MapDisplay.map().setAutoRedraw(false);
+}
+
 // The form in front with its size kept, tool-tips on, and as many grid columns as the host has.
 void prepareForm(Session& s, LayerForm& form) {
     if (prefs::isDeveloperMachine(s)) form.self_test.setEnabled(true);
@@ -60,6 +68,7 @@ void prepareForm(Session& s, LayerForm& form) {
     s.gFormWidthSaved = form.Width();
     s.gFormHeightSaved = form.Height();
     s.toolkit.SetForegroundWindow(form.hWnd());
+    if (!s.gIsMapInfo) prepareMapDisplay(s, form);
     s.gFSO = create<platform::FileSystemObject>(s, platform::FileSystemObject::kClassName);
     // A session always starts with tool-tips on: the handler turns the cleared check over.
     form.show_tooltips.setChecked(false);
@@ -102,6 +111,20 @@ void finishAttachment(Session& s, LayerForm& form, const char* pad, bool scaleVi
     form.Map_SameScale.setValue(platform::OptionButton::kSet);
 }
 
+// IMMEDIATE mode and docking are MapInfo's alone.
+void refuseMapInfoModes(Session& s, LayerForm& form) {
+    s.gImmediate = kFalse;
+    form.MapImmediate.setValue(0);
+    form.MapImmediate.setEnabled(false);
+    form.Docked.setEnabled(false);
+}
+
+void showMapDisplay(Session& s, LayerForm& form) {
+    s.gLayerCount = Int16(hostmodel::asMXMap(s.map()).Layers()->Count());
+    form.MapDisplay.setVisible(true);
+    form.MapInfoFrame.setVisible(false);
+}
+
 // The controls from the settings, the header, the grid, and the column widths that folded
 // groups come back to.
 void fillGrid(Session& s, LayerForm& form) {
@@ -142,11 +165,13 @@ void vlLayerControl_Load(Session& s, vlLayerControl& form) {
     if (s.gShuttingDown) return;
     onErrorGoTo(
         [&] {
+            if (!s.gIsMapInfo) refuseMapInfoModes(s, form);
             s.gFormReady = kFalse;
             s.gMapChanged = kFalse;
             s.gLayerOpCount = 0;
             form.setCaption(std::string("Vellant ") + kVersion);
             prepareForm(s, form);
+            if (!s.gIsMapInfo) showMapDisplay(s, form);
             if (s.gIsMapInfo) {
                 if (!mapinfo_init(s)) {
                     form.Hide();
@@ -165,6 +190,7 @@ void vlLayerControl_Load(Session& s, vlLayerControl& form) {
             s.gFormReady = kTrue;
             s.gMapChanged = kFalse;
             form.Show(platform::vbModal);
+            if (!s.gIsMapInfo) form.MapDisplay.map().setAutoRedraw(true);
             form.LyrGrid.setRedraw(true);
         },
         [&](const RuntimeError& e) {

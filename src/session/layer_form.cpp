@@ -175,6 +175,8 @@ void LayerForm::designMapPanel() {
     Mapframe.Move(120, 0, 5400, 3300);
     Mapframe.setCaption("Layer settings view");
     MapInfoFrame.Move(480, 240, 4800, 2940);
+    MapDisplay.Move(480, 240, 4800, 2940);
+    MapDisplay.setVisible(false);
     MapInfoframe2.Move(0, 0, 480, 240);
     MapInfoframe2.setVisible(false);
 
@@ -234,6 +236,7 @@ void LayerForm::registerAll() {
                                                                &msg,
                                                                &Mapframe,
                                                                &MapInfoFrame,
+                                                               &MapDisplay,
                                                                &MapInfoframe2,
                                                                &MapPropsFrame,
                                                                &MapbyCaption,

@@ -2,6 +2,7 @@
 // The layer form: the controls the floating and the docked form share. The twins derive from
 // it and differ only where a virtual member says so.
 
+#include "hostmodel/mapx_control.h"
 #include "platform/control_array.h"
 #include "platform/flexgrid.h"
 #include "platform/form.h"
@@ -58,6 +59,8 @@ public:
     platform::Control Mapframe{"Mapframe"};
     // The frame the view map window is a child of.
     platform::Control MapInfoFrame{"MapInfoFrame"};
+    // The view map of the MapX host, in the same place; hidden on the MapInfo host.
+    hostmodel::MapXControl MapDisplay{"MapDisplay"};
     // The picture box the window of style samples is a child of; never shown.
     platform::Control MapInfoframe2{"MapInfoframe2"};
     platform::Control MapPropsFrame{"MapPropsFrame"};

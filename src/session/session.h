@@ -67,6 +67,7 @@ struct Session : SessionState,
     std::int32_t toggleRow() const override { return gToggleRow; }
     hostmodel::IMap& mapObject() override { return map(); }
     hostmodel::ILayer& layerObject() override { return lyr(); }
+    hostmodel::MXMap& viewMap() override { return layerForm().MapDisplay.map(); }
     const std::string& styleValue() const override { return gStyleValue; }
     void setBorderPen(const std::string& pen) override { gBorderPen = pen; }
     std::int32_t& colIter() override { return gColIter; }

@@ -8,11 +8,13 @@
 #include "grid/column_catalogue.h"
 #include "grid/layer_rows.h"
 #include "grid/setpropandcell.h"
-#include "hostmodel/map_object.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props_label_props.h"
 #include "prefs/settings.h"
 #include "session/session.h"
+#include "styles/label_datasets.h"
 #include "styles/sample_cells.h"
+#include "styles/style_copy.h"
 
 namespace vellant::styles {
 
@@ -42,14 +44,14 @@ void paintOrientation(Session& s, hostmodel::ILabelProps& sourceLabels, std::int
 
 } // namespace
 
-void copylabelprops(Session& s, hostmodel::ILayer& /*sourceLayer*/,
-                    hostmodel::ILabelProps& sourceLabels, hostmodel::ILayer& /*targetLayer*/,
-                    hostmodel::ILabelProps& /*targetLabels*/, std::int16_t layer, bool paint) {
+void copylabelprops(Session& s, hostmodel::ILayer& sourceLayer,
+                    hostmodel::ILabelProps& sourceLabels, hostmodel::ILayer& targetLayer,
+                    hostmodel::ILabelProps& targetLabels, std::int16_t layer, bool paint) {
     onErrorGoTo(
         [&] {
-            // The MapInfo host writes through the facades, which follow gLayer; the MapX host
-            // points gLyr and gLabelProps at the target here, and copies its datasets, position
-            // and label font below, once that host exists.
+            // The MapInfo host writes through the facades, which follow gLayer. On the MapX
+            // host every caller hands in gLyr and gLabelProps as the target already, so
+            // setpropandcell writes there.
             const bool mapInfo = s.gIsMapInfo != kFalse;
             if (mapInfo) {
                 bool always = true;
@@ -76,8 +78,20 @@ void copylabelprops(Session& s, hostmodel::ILayer& /*sourceLayer*/,
 
             if (paint) paintOrientation(s, sourceLabels, layer);
             s.gTrace = "label orient?1";
-            // The MapX host copies the label position here.
+            if (!mapInfo) targetLabels.setPosition(sourceLabels.Position());
             s.gTrace = "label orient?2";
+
+            std::shared_ptr<hostmodel::MXStyle> sourceStyle;
+            if (!mapInfo) {
+                hostmodel::MXLabelProperties& from = hostmodel::asMXLabelProperties(sourceLabels);
+                hostmodel::MXLabelProperties& to = hostmodel::asMXLabelProperties(targetLabels);
+                CopyDatasets(s, hostmodel::asMXLayer(sourceLayer), from,
+                             s.layerForm().MapDisplay.map(), hostmodel::asMXLayer(targetLayer), to,
+                             paint);
+                sourceStyle = from.Style();
+                s.gTrace = "in copyl 4";
+                copyLabelTextStyle(*sourceStyle, *to.Style());
+            }
 
             if (mapInfo && s.gLayerType == 0)
                 s.gStyleValue = hostmodel::asMIPropsLabelProps(sourceLabels).Style();

@@ -62,7 +62,8 @@ void askForStyleDialog(Session& s, std::int16_t kind) {
 void setoridestylecell(Session& s, std::int16_t kind, bool on, bool pick) {
     onErrorGoTo(
         [&] {
-            s.gStyleValue = layerStyle(s);
+            // The MapX host keeps the style as the layer's own object, read where it is used.
+            if (s.gIsMapInfo) s.gStyleValue = layerStyle(s);
             const StylePictures* pictures = picturesOf(kind);
             if (!pictures) return;
             platform::FlexGrid& grid = s.layerForm().LyrGrid;
@@ -96,7 +97,7 @@ bool togglestyle(Session& s, std::int16_t first, std::int16_t last) {
             }
             goOn = true;
             bool state = s.lyr().overridestyle();
-            s.gStyleValue = layerStyle(s);
+            if (s.gIsMapInfo) s.gStyleValue = layerStyle(s);
             const std::int16_t kind = hostmodel::GetFeatureType(s, s.lyr());
             s.gPendCol = kind;
             // When the clicked row has an override, every row counts as having one: all go off.

@@ -1,0 +1,236 @@
+// Whole sessions of a MapX client: its map handed to RunLayer, the view map built in the form
+// layer by layer, the user's clicks, and what OK or Cancel leave in the client's map.
+
+#include "app/sample_tables/sample_tables.h"
+#include "engine/engine.h"
+#include "hostmodel/host_predicates.h"
+#include "hostmodel/mapx_constants.h"
+#include "hostmodel/mapx_map.h"
+#include "mapx/mapx_classes.h"
+#include "mapx/mapx_runtime.h"
+#include "mapx/style_picker.h"
+#include "platform/scripted_toolkit.h"
+#include "session/layer_form.h"
+#include "session/session.h"
+#include "session/vl_layer.h"
+#include "support/session_fixture.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vellant::testing {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+class MapXSession : public ::testing::Test {
+protected:
+    MapXSession() {
+        samples::writeSampleTables(dir.file("tables"));
+        mapx::registerMapXClasses(registry, runtime);
+        client = std::dynamic_pointer_cast<hostmodel::MXMap>(registry.CreateObject("MapX.Map.4"));
+        client->Title()->setCaption("Client map");
+        client->Title()->setVisible(false);
+        for (const char* file : {"points.tab", "regions.tab", "lines.tab", "text.tab"})
+            clientLayers()->Add(Variant(table(file)), clientLayers()->Count() + 1);
+        layer.onSessionStart = [this](session::Session& s) { live = &s; };
+    }
+    ~MapXSession() override { mapx::unregisterMapXClasses(registry); }
+
+    std::string table(const std::string& file) const { return dir.file("tables/" + file); }
+    std::shared_ptr<hostmodel::MXLayers> clientLayers() { return client->Layers(); }
+    std::shared_ptr<hostmodel::MXLayer> clientLayer(int n) {
+        return clientLayers()->Item(Variant(n));
+    }
+    static hostmodel::MXMap& view(session::Session& s) { return s.layerForm().MapDisplay.map(); }
+    static std::vector<std::string> names(hostmodel::MXMap& map) {
+        std::vector<std::string> out;
+        for (int i = 1; i <= map.Layers()->Count(); ++i)
+            out.push_back(map.Layers()->Item(Variant(i))->Name());
+        return out;
+    }
+    std::vector<bool> clientVisibility() {
+        std::vector<bool> out;
+        for (int i = 1; i <= clientLayers()->Count(); ++i)
+            out.push_back(clientLayer(i)->Visible());
+        return out;
+    }
+
+    void step(std::function<void(session::Session&)> action) {
+        toolkit.addStep([this, action = std::move(action)] {
+            ASSERT_NE(live, nullptr);
+            action(*live);
+        });
+    }
+    // The user drags over the first column from one layer's row to another's, then clicks the
+    // cell of a column in the first of them.
+    static void clickRowSet(session::Session& s, int first, int last, const std::string& key) {
+        platform::FlexGrid& g = s.layerForm().LyrGrid;
+        const auto yIn = [&](int row) {
+            return static_cast<float>(g.RowPos(row) + g.RowHeight(row) / 2);
+        };
+        const float firstColumn = static_cast<float>(g.ColWidth(0) / 2);
+        g.mouseDown(platform::vbLeftButton, 0, firstColumn, yIn(first));
+        g.mouseMove(platform::vbLeftButton, 0, firstColumn, yIn(last));
+        g.mouseUp(platform::vbLeftButton, 0, firstColumn, yIn(last));
+        int col = 0;
+        while (col < g.Cols() && s.gColKey[col] != key)
+            ++col;
+        const float x = static_cast<float>(g.ColPos(col) + g.ColWidth(col) / 2);
+        g.mouseDown(platform::vbLeftButton, 0, x, yIn(first));
+        g.mouseUp(platform::vbLeftButton, 0, x, yIn(first));
+    }
+    void pressOK() {
+        step([](session::Session& s) { s.layerForm().OK.Click(); });
+    }
+    void pressCancel() {
+        step([](session::Session& s) { s.layerForm().Cancel.Click(); });
+    }
+    std::string log() const { return readText(dir.file("Vellant.log")); }
+    // The log's lines but those of a first session, which finds no settings file.
+    std::vector<std::string> problems() const {
+        std::vector<std::string> lines;
+        const std::string text = log();
+        std::size_t at = 0;
+        while (at < text.size()) {
+            const std::size_t end = text.find("\r\n", at);
+            std::string line = text.substr(at, end - at);
+            if (line.find("File not found") == std::string::npos) lines.push_back(line);
+            if (end == std::string::npos) break;
+            at = end + 2;
+        }
+        return lines;
+    }
+
+    TempDir dir;
+    engine::Engine engine;
+    platform::ScriptedToolkit toolkit;
+    mapx::QueuedStylePicker picker;
+    mapx::MapXRuntime runtime{engine, &toolkit, &picker};
+    platform::AutomationRegistry registry;
+    std::shared_ptr<hostmodel::MXMap> client;
+    session::vlLayer layer{toolkit, registry, dir.str()};
+    session::Session* live = nullptr;
+};
+
+TEST_F(MapXSession, TheViewMapIsBuiltFromTheClientsLayersWithLayerNInRowN) {
+    clientLayers()->CreateLayer("Sketch", "", 5);
+    step([&](session::Session& s) {
+        session::LayerForm& form = s.layerForm();
+        EXPECT_EQ(names(view(s)), names(*client));
+        EXPECT_EQ(view(s).Layers()->Item(Variant(2))->FileSpec(), table("regions.tab"));
+        // No cosmetic row: the header, then one row per layer.
+        ASSERT_EQ(form.LyrGrid.Rows(), 6);
+        for (int n = 1; n <= 5; ++n)
+            EXPECT_EQ(form.LyrGrid.TextMatrix(n, 0), clientLayer(n)->Name()) << "row " << n;
+        EXPECT_TRUE(form.MapDisplay.Visible());
+        EXPECT_FALSE(form.MapInfoFrame.Visible());
+        EXPECT_FALSE(form.Docked.Enabled());
+        EXPECT_FALSE(form.MapImmediate.Enabled());
+        EXPECT_EQ(s.gImmediate, 0);
+        EXPECT_TRUE(view(s).AutoRedraw());
+        // The switch of the view's drawing takes the two words in lower case only.
+        hostmodel::MapRedraw(s, "off");
+        EXPECT_FALSE(view(s).AutoRedraw());
+        hostmodel::MapRedraw(s, "ON");
+        EXPECT_FALSE(view(s).AutoRedraw());
+        hostmodel::MapRedraw(s, "on");
+        EXPECT_TRUE(view(s).AutoRedraw());
+    });
+    pressCancel();
+
+    EXPECT_EQ(layer.RunLayer(client), "cancel");
+    EXPECT_THAT(problems(), IsEmpty());
+}
+
+TEST_F(MapXSession, OneClickTurnsLayersOffInTheViewAndOkCarriesThemToTheClientsMap) {
+    step([&](session::Session& s) {
+        clickRowSet(s, 2, 4, "visible");
+        for (int n = 1; n <= 4; ++n)
+            EXPECT_EQ(view(s).Layers()->Item(Variant(n))->Visible(), n == 1) << "layer " << n;
+        EXPECT_THAT(clientVisibility(), ElementsAre(true, true, true, true));
+    });
+    pressOK();
+
+    EXPECT_EQ(layer.RunLayer(client), "ok");
+    EXPECT_THAT(clientVisibility(), ElementsAre(true, false, false, false));
+    EXPECT_TRUE(client->AutoRedraw());
+    EXPECT_THAT(toolkit.messages(), IsEmpty());
+    EXPECT_THAT(problems(), IsEmpty());
+}
+
+TEST_F(MapXSession, CancelLeavesTheClientsMapAsItWas) {
+    step([&](session::Session& s) { clickRowSet(s, 2, 4, "visible"); });
+    pressCancel();
+
+    EXPECT_EQ(layer.RunLayer(client), "cancel");
+    EXPECT_THAT(clientVisibility(), ElementsAre(true, true, true, true));
+}
+
+// The view takes the style, the label settings and the label dataset of each layer, and OK
+// brings them back, with one new dataset in the client's map per labelled layer.
+TEST_F(MapXSession, StylesAndLabelsGoIntoTheViewAndComeBackAtOk) {
+    auto regions = clientLayer(2);
+    regions->Style()->setRegionColor(0x00FF00);
+    regions->Style()->setRegionPattern(2);
+    auto labels = regions->LabelProperties();
+    labels->setVisible(kTrue);
+    labels->setLabelMax(50);
+    labels->setPosition(3);
+    labels->Style()->TextFont()->setSize(14);
+    auto dataset = client->Datasets()->Add(hostmodel::mapx::miDataSetLayer, *regions);
+    labels->setDataset(dataset);
+    labels->setDataField(dataset->Fields()->Item(Variant(1)));
+    const std::string field = labels->DataField()->Name();
+    const int datasetsBefore = client->Datasets()->Count();
+
+    step([&](session::Session& s) {
+        auto copy = view(s).Layers()->Item(Variant(2));
+        EXPECT_EQ(copy->Style()->RegionColor(), 0x00FF00);
+        EXPECT_EQ(copy->Style()->RegionPattern(), 2);
+        auto copied = copy->LabelProperties();
+        EXPECT_TRUE(copied->Visible());
+        EXPECT_EQ(copied->LabelMax(), 50);
+        EXPECT_EQ(copied->Position(), 3);
+        EXPECT_EQ(copied->Style()->TextFont()->Size(), 14);
+        EXPECT_EQ(copied->DataField()->Name(), field);
+        EXPECT_EQ(copy->Datasets()->Count(), 1);
+        // The user moves the labels and allows more of them.
+        copied->setPosition(7);
+        copied->setLabelMax(80);
+        copy->Style()->setRegionColor(0x0000FF);
+    });
+    pressOK();
+
+    EXPECT_EQ(layer.RunLayer(client), "ok");
+    EXPECT_EQ(regions->Style()->RegionColor(), 0x0000FF);
+    EXPECT_EQ(labels->Position(), 7);
+    EXPECT_EQ(labels->LabelMax(), 80);
+    EXPECT_EQ(labels->DataField()->Name(), field);
+    EXPECT_EQ(client->Datasets()->Count(), datasetsBefore + 1);
+    EXPECT_THAT(problems(), IsEmpty());
+}
+
+TEST_F(MapXSession, ALayerWhoseFileHasGoneIsLoggedAndTheSessionGoesOn) {
+    const std::string file = dir.file("tables/gone.tab");
+    for (const char* ext : {".tab", ".dat", ".map", ".id"})
+        std::filesystem::copy_file(dir.file(std::string("tables/lines") + ext),
+                                   dir.file(std::string("tables/gone") + ext));
+    clientLayers()->Add(Variant(file), 1);
+    for (const char* ext : {".tab", ".dat", ".map", ".id"})
+        std::filesystem::remove(dir.file(std::string("tables/gone") + ext));
+    pressCancel();
+
+    EXPECT_EQ(layer.RunLayer(client), "cancel");
+    EXPECT_THAT(log(), HasSubstr("Error from createlayer: "));
+    EXPECT_EQ(clientLayers()->Count(), 5);
+}
+
+} // namespace
+} // namespace vellant::testing
