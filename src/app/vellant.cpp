@@ -1,7 +1,9 @@
 // vellant: the embedded map host on the desktop. Opens a workspace (the world demo when none is
-// named) in the host's main window; --screenshot draws the window into a picture and exits.
+// named) in the host's main window; --mapx opens it as a MapX application's map instead;
+// --screenshot draws the window into a picture and exits.
 
 #include "app/desktop/desktop_layer_control.h"
+#include "app/desktop/mapx_client_window.h"
 #include "engine/engine.h"
 #include "engine/mb_error.h"
 #include "qtui/host/host_main_window.h"
@@ -36,13 +38,16 @@ constexpr int kDefaultWidth = 1280;
 constexpr int kDefaultHeight = 800;
 
 const char* kUsage =
-    "usage: vellant [WORKSPACE]\n"
-    "       vellant --screenshot FILE [--size WxH] [WORKSPACE]\n"
+    "usage: vellant [--mapx] [WORKSPACE]\n"
+    "       vellant --screenshot FILE [--size WxH] [--mapx] [WORKSPACE]\n"
     "       vellant --help\n"
     "\n"
     "Opens the workspace (.wor) in the map host's main window; without one, the world demo\n"
     "in " VELLANT_DEMO_DIR " (written there first if missing).\n"
     "\n"
+    "  --mapx             a MapX application instead of the map host: its own map, built from\n"
+    "                     the workspace's front map window, and a Layers button that calls\n"
+    "                     RunLayer with it\n"
     "  --screenshot FILE  lay the window out offscreen-capable at --size (default 1280x800),\n"
     "                     draw it, write it to FILE (PNG, JPEG, BMP by extension) and exit\n"
     "  --size WxH         the window's size in pixels\n"
@@ -52,6 +57,7 @@ struct Options {
     std::optional<std::string> screenshot;
     QSize size{kDefaultWidth, kDefaultHeight};
     std::optional<std::string> workspace;
+    bool mapx = false;
 };
 
 std::optional<QSize> parseSize(const std::string& text) {
@@ -80,6 +86,10 @@ std::optional<Options> parseArguments(int argc, char** argv, int& exitCode) {
             std::cout << kUsage;
             exitCode = 0;
             return std::nullopt;
+        }
+        if (arg == "--mapx") {
+            options.mapx = true;
+            continue;
         }
         if (arg == "--screenshot" || arg == "--size") {
             if (i + 1 >= argc) {
@@ -138,6 +148,30 @@ void settle(QApplication& app, vellant::qtui::HostMainWindow& window) {
     app.processEvents();
 }
 
+// The MapX application: its window on the workspace, shown until closed, or drawn once.
+int runMapXClient(QApplication& app, const std::shared_ptr<vellant::engine::Engine>& engine,
+                  const Options& options) {
+    std::unique_ptr<vellant::desktop::MapXClientWindow> window;
+    try {
+        const std::string workspace = options.workspace ? *options.workspace : demoWorkspace();
+        window = std::make_unique<vellant::desktop::MapXClientWindow>(
+            engine, workspace, vellant::desktop::DesktopLayerControl::defaultAppDir());
+    } catch (const std::exception& e) {
+        std::cerr << "vellant: " << e.what() << "\n";
+        return 1;
+    }
+    window->resize(options.size);
+    window->show();
+    if (!options.screenshot) return QApplication::exec();
+    app.processEvents();
+    const QImage picture = window->grab().toImage();
+    if (!picture.save(QString::fromStdString(*options.screenshot))) {
+        std::cerr << "vellant: cannot write " << *options.screenshot << "\n";
+        return 1;
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -155,6 +189,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion("1.0");
 
     const auto engine = std::make_shared<vellant::engine::Engine>();
+    if (options->mapx) return runMapXClient(app, engine, *options);
     vellant::qtui::HostMainWindow window(*engine);
     vellant::desktop::DesktopLayerControl layers(
         engine, window, vellant::desktop::DesktopLayerControl::defaultAppDir());

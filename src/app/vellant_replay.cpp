@@ -1,8 +1,9 @@
-// vellant-replay [--appdir DIR] [--toolkit scripted|qt] [--shots DIR] WORKSPACE SCRIPT: one
-// whole session on the embedded host, run from a script, with its transcript on standard output
-// (the format is in the README, section "The replay runner"). SCRIPT "-" reads the script from
-// standard input. The scripted toolkit is headless; the Qt toolkit runs the same script on the
-// real widgets, on Qt's offscreen platform unless another is asked for, and --shots keeps a
+// vellant-replay [--appdir DIR] [--toolkit scripted|qt] [--shots DIR] [--mapx] WORKSPACE SCRIPT:
+// one whole session on the embedded host, run from a script, with its transcript on standard
+// output (the format is in the README, section "The replay runner"); with --mapx the session is
+// a MapX application's, on a map built from the workspace's front map window. SCRIPT "-" reads the
+// script from standard input. The scripted toolkit is headless; the Qt toolkit runs the same script
+// on the real widgets, on Qt's offscreen platform unless another is asked for, and --shots keeps a
 // picture of the forms at each snapshot.
 //
 // Exit status: 0 after a run; 1 when the run broke off (a failure outside the program's own
@@ -30,12 +31,13 @@
 namespace {
 
 constexpr const char* kUsage =
-    "usage: vellant-replay [--appdir DIR] [--toolkit scripted|qt] [--shots DIR] WORKSPACE "
-    "SCRIPT\n";
+    "usage: vellant-replay [--appdir DIR] [--toolkit scripted|qt] [--shots DIR] [--mapx] "
+    "WORKSPACE SCRIPT\n";
 
 struct Arguments {
     std::string appDir;
     bool qt = false;
+    bool mapx = false;
     std::string shots;
     std::string workspace;
     std::string script;
@@ -54,6 +56,8 @@ std::optional<Arguments> parseArguments(int argc, char** argv) {
             const std::string_view kit = arg == "--toolkit" ? argv[++i] : arg.substr(10);
             if (kit != "qt" && kit != "scripted") return std::nullopt;
             args.qt = kit == "qt";
+        } else if (arg == "--mapx") {
+            args.mapx = true;
         } else if (arg == "--shots" && i + 1 < argc) {
             args.shots = argv[++i];
         } else if (arg.starts_with("--shots=")) {
@@ -172,7 +176,10 @@ int main(int argc, char** argv) {
         return refuse(e.what());
     }
     try {
-        replay->run(std::move(script));
+        if (args->mapx)
+            replay->runMapX(std::move(script));
+        else
+            replay->run(std::move(script));
     } catch (const std::exception& e) {
         std::cout.flush();
         std::cerr << "vellant-replay: the run broke off: " << e.what() << '\n';

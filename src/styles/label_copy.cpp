@@ -13,6 +13,7 @@
 #include "prefs/settings.h"
 #include "session/session.h"
 #include "styles/label_datasets.h"
+#include "styles/mapx_samples.h"
 #include "styles/sample_cells.h"
 #include "styles/style_copy.h"
 
@@ -105,7 +106,11 @@ void copylabelprops(Session& s, hostmodel::ILayer& sourceLayer,
                     lyrGrid.setCellPicture(s.layerForm().imageControl("TxtStyleOffPic").Picture());
                 else if (mapInfo)
                     updateMicell(s, kTextKind, s.gStyleValue, false);
-                // The MapX host samples the label style object here, once that host exists.
+                else {
+                    s.gTrace = "in copyl 6";
+                    updateMXcell(s, kTextKind, static_cast<std::int16_t>(lyrGrid.Col()),
+                                 *sourceStyle);
+                }
             }
         },
         [&](const RuntimeError& e) {

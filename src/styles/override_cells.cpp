@@ -4,9 +4,11 @@
 #include "base/error_trap.h"
 #include "grid/column_catalogue.h"
 #include "hostmodel/host_predicates.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props.h"
 #include "prefs/settings.h"
 #include "session/session.h"
+#include "styles/mapx_samples.h"
 #include "styles/sample_cells.h"
 
 namespace vellant::styles {
@@ -62,8 +64,13 @@ void askForStyleDialog(Session& s, std::int16_t kind) {
 void setoridestylecell(Session& s, std::int16_t kind, bool on, bool pick) {
     onErrorGoTo(
         [&] {
-            // The MapX host keeps the style as the layer's own object, read where it is used.
-            if (s.gIsMapInfo) s.gStyleValue = layerStyle(s);
+            // The MapX host keeps the style as the layer's own object, so that a pick changes
+            // the layer.
+            std::shared_ptr<hostmodel::MXStyle> object;
+            if (s.gIsMapInfo)
+                s.gStyleValue = layerStyle(s);
+            else
+                object = hostmodel::asMXLayer(s.lyr()).Style();
             const StylePictures* pictures = picturesOf(kind);
             if (!pictures) return;
             platform::FlexGrid& grid = s.layerForm().LyrGrid;
@@ -71,8 +78,12 @@ void setoridestylecell(Session& s, std::int16_t kind, bool on, bool pick) {
             showPicture(s, pictures->off);
             if (!on) return;
             showPicture(s, pictures->on);
-            // The MapX host's own pickers and samples come with that host.
-            if (!s.gIsMapInfo) return;
+            if (!s.gIsMapInfo) {
+                if (pick) pickMXStyle(kind, *object);
+                updateMXcell(s, kind, static_cast<std::int16_t>(grid::getcolnum(s, "Override")),
+                             *object);
+                return;
+            }
             if (!pick) {
                 grid.setCol(grid::getcolnum(s, "Override"));
                 updateMicell(s, kind, s.gStyleValue, false);
@@ -119,6 +130,7 @@ bool togglestyle(Session& s, std::int16_t first, std::int16_t last) {
                 grid.setPictureType(platform::flexPictureColor);
             }
             s.gOrigOverride[s.gLayer] = !state;
+            if (!s.gIsMapInfo) s.layerForm().MapDisplay.map().setAutoRedraw(true);
             if (rowSet && !state) goOn = false;
         },
         [&](const RuntimeError& e) {

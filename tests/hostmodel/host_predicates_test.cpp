@@ -1,5 +1,6 @@
 // The small questions the grid asks of the host model, and the facade classes by name.
 
+#include "base/runtime_error.h"
 #include "facade_host.h"
 #include "hostmodel/facade_classes.h"
 #include "hostmodel/host_predicates.h"
@@ -82,8 +83,11 @@ TEST_F(HostPredicatesTest, RedrawAndTheClassesByName) {
     MapRedraw(context, "ON");
     EXPECT_EQ(app->sent, (Strings{fill("Set Map Window <w> redraw off"),
                                   fill("Set Map Window <w> redraw ON")}));
+    // On the MapX host the switch is the view control's (this context has none), and a word
+    // other than "on" or "off" does not reach it; MapInfo hears nothing.
     context.isMapInfo = false;
-    MapRedraw(context, "off");
+    MapRedraw(context, "ON");
+    EXPECT_THROW(MapRedraw(context, "off"), RuntimeError);
     EXPECT_EQ(app->sent.size(), 2U);
 
     EXPECT_NE(registry.CreateObject("vellant.mipropslabelstyle"), nullptr);

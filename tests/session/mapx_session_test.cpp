@@ -8,6 +8,7 @@
 #include "hostmodel/mapx_map.h"
 #include "mapx/mapx_classes.h"
 #include "mapx/mapx_runtime.h"
+#include "mapx/style_clauses.h"
 #include "mapx/style_picker.h"
 #include "platform/scripted_toolkit.h"
 #include "session/layer_form.h"
@@ -85,6 +86,15 @@ protected:
         const float x = static_cast<float>(g.ColPos(col) + g.ColWidth(col) / 2);
         g.mouseDown(platform::vbLeftButton, 0, x, yIn(first));
         g.mouseUp(platform::vbLeftButton, 0, x, yIn(first));
+    }
+    // A double click on a column's header unfolds (or folds) its group.
+    static void doubleClickHeader(session::Session& s, const std::string& key) {
+        platform::FlexGrid& g = s.layerForm().LyrGrid;
+        int col = 0;
+        while (col < g.Cols() && s.gColKey[col] != key)
+            ++col;
+        g.doubleClick(static_cast<float>(g.ColPos(col) + g.ColWidth(col) / 2),
+                      static_cast<float>(g.RowHeight(0) / 2));
     }
     void pressOK() {
         step([](session::Session& s) { s.layerForm().OK.Click(); });
@@ -214,6 +224,39 @@ TEST_F(MapXSession, StylesAndLabelsGoIntoTheViewAndComeBackAtOk) {
     EXPECT_EQ(labels->LabelMax(), 80);
     EXPECT_EQ(labels->DataField()->Name(), field);
     EXPECT_EQ(client->Datasets()->Count(), datasetsBefore + 1);
+    EXPECT_THAT(problems(), IsEmpty());
+}
+
+// MapX's own picker answers a click on the style cell at once; the sample is the style's own
+// export through the clipboard, and the override and its style reach the client at OK. A
+// cancelled picker still turns the override on, with the style as it was.
+TEST_F(MapXSession, AStylePickedForALayerReachesTheClientsLayerAtOk) {
+    picker.answer("Brush (2,255,16777215)");
+    picker.cancel();
+    const std::int32_t pointsColour = clientLayer(1)->Style()->SymbolFontColor();
+    step([&](session::Session& s) {
+        doubleClickHeader(s, "style");
+        clickRowSet(s, 2, 2, "style");
+        clickRowSet(s, 1, 1, "style");
+        platform::FlexGrid& g = s.layerForm().LyrGrid;
+        int override = 0;
+        while (s.gColKey[override] != "override")
+            ++override;
+        g.setRow(2);
+        g.setCol(override);
+        EXPECT_NE(g.CellPicture().bitmap, nullptr);
+    });
+    pressOK();
+
+    EXPECT_EQ(layer.RunLayer(client), "ok");
+    ASSERT_EQ(picker.requests().size(), 2U);
+    EXPECT_EQ(picker.requests()[0].kind, mapx::PickKind::Region);
+    EXPECT_EQ(picker.requests()[1].kind, mapx::PickKind::Symbol);
+    EXPECT_TRUE(clientLayer(2)->overridestyle());
+    // MapBasic's colour 255 is blue; MapX counts its colours red first.
+    EXPECT_EQ(clientLayer(2)->Style()->RegionColor(), 0xFF0000);
+    EXPECT_TRUE(clientLayer(1)->overridestyle());
+    EXPECT_EQ(clientLayer(1)->Style()->SymbolFontColor(), pointsColour);
     EXPECT_THAT(problems(), IsEmpty());
 }
 

@@ -21,6 +21,21 @@ constexpr platform::WindowRect kMainWindowAtStart{0, 0, 1600, 1000};
 
 } // namespace
 
+std::optional<std::string> ScriptStylePicker::pick(const mapx::StylePickRequest& request) {
+    replay_.transcript().write("pick", std::to_string(static_cast<int>(request.kind)) + " " +
+                                           request.startClauses);
+    const ScriptLine* next = replay_.upcoming();
+    if (next == nullptr || next->verb->name != "style") {
+        replay_.transcript().write("picked", "cancel");
+        return std::nullopt;
+    }
+    const std::string answer = next->argument;
+    replay_.consumeUpcoming();
+    replay_.transcript().write("picked", answer);
+    if (answer == "cancel") return std::nullopt;
+    return answer;
+}
+
 ReplayRun::ReplayRun(const std::filesystem::path& workspace, std::string appDir, std::ostream& out,
                      const DeskMaker& makeDesk)
     : folder_(std::filesystem::absolute(workspace).parent_path()), transcript_(out),
@@ -110,18 +125,53 @@ void ReplayRun::scriptEnded() {
     scheduleNext();
 }
 
-std::string ReplayRun::run(std::vector<ScriptLine> script) {
+void ReplayRun::runScriptAround(const std::function<std::string()>& call,
+                                std::vector<ScriptLine> script, std::string& result) {
     script_ = std::move(script);
     next_ = 0;
     while (next_ < script_.size() && script_[next_].verb->aheadOfSession)
         runLine(script_[next_++]);
     scheduleNext();
 
-    const std::string result = layer_->RunMapInfoLayer();
+    result = call();
     transcript_.write("result", result);
     while (next_ < script_.size())
         runLine(script_[next_++]);
     styleDialogs_.cancelOpen();
+}
+
+std::string ReplayRun::run(std::vector<ScriptLine> script) {
+    std::string result;
+    runScriptAround([this] { return layer_->RunMapInfoLayer(); }, std::move(script), result);
+    writeState();
+    transcript_.flush();
+    return result;
+}
+
+std::string ReplayRun::runMapX(std::vector<ScriptLine> script) {
+    mapx_ = std::make_unique<mapxclient::MapXClient>(*engine_, desk_->toolkit(), registry_,
+                                                     mapxPicker_);
+    std::vector<std::string> leftOut;
+    const std::shared_ptr<hostmodel::MXMap> map = mapx_->openFrontMap(leftOut);
+    for (const std::string& table : leftOut)
+        transcript_.write("!", "not in the client's map: " + table);
+    const std::vector<mapxclient::MapXValue> before = mapxclient::MapXClient::describe(*map);
+    std::string result;
+    runScriptAround([&] { return layer_->RunLayer(map); }, std::move(script), result);
+
+    const std::vector<mapxclient::MapXValue> after = mapxclient::MapXClient::describe(*map);
+    for (const mapxclient::MapXValue& value : after) {
+        std::string was = "(none)";
+        for (const mapxclient::MapXValue& old : before)
+            if (old.first == value.first) was = old.second;
+        if (was != value.second)
+            transcript_.write("mapx", value.first + " " + was + " -> " + value.second);
+    }
+    // As the client does after the call, whatever the session left.
+    map->setAutoRedraw(true);
+    transcript_.write("client");
+    for (const mapxclient::MapXValue& value : after)
+        transcript_.writeBlock(value.first + " " + value.second + "\n");
     writeState();
     transcript_.flush();
     return result;

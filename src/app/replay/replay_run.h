@@ -4,6 +4,7 @@
 // modal show. Everything lands in the transcript in the order it happens; the verbs of the
 // script (replay_verbs.h) act through the members below.
 
+#include "app/mapx_client/mapx_client.h"
 #include "app/replay/recording_host.h"
 #include "app/replay/replay_desk.h"
 #include "app/replay/script.h"
@@ -18,11 +19,26 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
 namespace vellant::replay {
+
+class ReplayRun;
+
+// MapX's style pickers in a replay: the pick blocks inside the click that opened it, so it is
+// answered by the script's next line when that is a `style` line (a clause, or "cancel");
+// otherwise the user closes the picker without a choice.
+class ScriptStylePicker : public mapx::StylePicker {
+public:
+    explicit ScriptStylePicker(ReplayRun& replay) : replay_(replay) {}
+    std::optional<std::string> pick(const mapx::StylePickRequest& request) override;
+
+private:
+    ReplayRun& replay_;
+};
 
 class ReplayRun {
 public:
@@ -45,6 +61,10 @@ public:
     // transcript ends with "result <answer>" and the host's state. Lines the session did not
     // live to see run after the call, in their order.
     std::string run(std::vector<ScriptLine> script);
+    // The same as a MapX application: the workspace's front map window becomes the client's
+    // own map, handed to RunLayer. The transcript then tells, as "mapx" lines, every value the
+    // session changed in that map, and ends with the map as the client finds it ("client").
+    std::string runMapX(std::vector<ScriptLine> script);
 
     // ---- for the verbs ----
     Transcript& transcript() { return transcript_; }
@@ -68,6 +88,8 @@ private:
     // The script has run out while a form is still shown: nobody else will close it.
     void scriptEnded();
     void writeState();
+    void runScriptAround(const std::function<std::string()>& call, std::vector<ScriptLine> script,
+                         std::string& result);
 
     std::filesystem::path folder_; // the workspace's folder: the final state names files by it
     Transcript transcript_;
@@ -78,6 +100,8 @@ private:
     std::unique_ptr<ReplayDesk> desk_;
     std::shared_ptr<RecordingHost> recorder_;
     std::unique_ptr<session::vlLayer> layer_;
+    ScriptStylePicker mapxPicker_{*this};
+    std::unique_ptr<mapxclient::MapXClient> mapx_;
     std::vector<ScriptLine> script_;
     std::size_t next_ = 0; // the first line not yet run
 };

@@ -36,6 +36,7 @@ constexpr std::array kLayerForm = {
     Entry{"msg", {K::Label, {}, {}}},
     Entry{"Mapframe", {K::Frame, {}, {}}},
     Entry{"MapInfoFrame", {K::MapFrame, "Mapframe", {}}},
+    Entry{"MapDisplay", {K::MapControl, "Mapframe", {}}},
     Entry{"MapInfoframe2", {K::MapFrame, {}, {}}},
     Entry{"MapPropsFrame", {K::Frame, {}, {}}},
     Entry{"MapbyCaption", {K::Label, "MapPropsFrame", {}}},

@@ -20,6 +20,7 @@ enum class ControlKind {
     Frame,         // a frame, with its caption as a title when it has one
     Panel,         // a frame without a border: only a holder of controls
     MapFrame,      // a frame that holds another program's window (the view map)
+    MapControl,    // a MapX map control: its map drawn by the renderer
     Button,        // a push button: its caption, and its picture where the art has one
     ToolButton,    // a button that is only a picture
     CheckBox,      // Value 0 or 1

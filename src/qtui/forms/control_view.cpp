@@ -1,5 +1,6 @@
 #include "qtui/forms/control_view.h"
 
+#include "hostmodel/mapx_control.h"
 #include "platform/combo_box.h"
 #include "platform/flexgrid.h"
 #include "qtui/art/artwork.h"
@@ -7,6 +8,7 @@
 #include "qtui/forms/key_codes.h"
 #include "qtui/grid/grid_view.h"
 #include "qtui/host/native_windows.h"
+#include "qtui/mapx/map_picture_widget.h"
 #include "qtui/ole_colors.h"
 
 #include <QCheckBox>
@@ -117,6 +119,10 @@ void ControlView::makeWidget(QWidget* parent) {
         widget_ = frame;
         break;
     }
+    case K::MapControl:
+        widget_ = new MapPictureWidget(parent);
+        showControlMap();
+        break;
     case K::Button:
         widget_ = new QPushButton(parent);
         break;
@@ -385,7 +391,18 @@ void ControlView::applyValue() {
     }
 }
 
+void ControlView::showControlMap() {
+    auto* view = dynamic_cast<MapPictureWidget*>(widget_.data());
+    const auto* control = dynamic_cast<const hostmodel::MapXControl*>(control_);
+    if (view == nullptr || control == nullptr) return;
+    view->setMap(std::dynamic_pointer_cast<mapx::Map>(control->mapObject()));
+}
+
 void ControlView::applyPicture() {
+    if (design_.kind == K::MapControl) {
+        showControlMap();
+        return;
+    }
     const platform::Control& c = *control_;
     const qreal ratio = widget_->devicePixelRatioF();
     const QSize box = form_.scale().pixelRect(0, 0, c.Width(), c.Height()).size();

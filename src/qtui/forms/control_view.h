@@ -49,6 +49,8 @@ private:
     bool isColumnGlyph() const;
     void applyValue();
     void applyPicture();
+    // A map control shows the map its control holds now.
+    void showControlMap();
     void applyText();
     void applyBackColour();
     void applyCaption();

@@ -1,0 +1,82 @@
+// A MapX application's session replayed on the demo workspace: the client's map is built from
+// the front map window, and the transcript says what the session changed in it.
+
+#include "app/replay/replay_run.h"
+#include "app/replay/replay_verbs.h"
+#include "app/sample_tables/demo_data.h"
+#include "support/session_fixture.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace vellant::replay {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+class MapXReplay : public ::testing::Test {
+protected:
+    MapXReplay() {
+        workspace = samples::writeDemoData(data.str());
+        std::filesystem::create_directories(appDir);
+    }
+
+    std::vector<std::string> replay(const std::string& scriptText) {
+        std::istringstream in(scriptText);
+        std::ostringstream out;
+        {
+            ReplayRun run(workspace, appDir, out);
+            result = run.runMapX(readScript(in, replayVerbs()));
+        }
+        std::vector<std::string> lines;
+        std::istringstream transcript(out.str());
+        for (std::string line; std::getline(transcript, line);)
+            lines.push_back(line);
+        return lines;
+    }
+    static std::vector<std::string> withPrefix(const std::vector<std::string>& lines,
+                                               const std::string& prefix) {
+        std::vector<std::string> found;
+        std::copy_if(lines.begin(), lines.end(), std::back_inserter(found),
+                     [&](const std::string& l) { return l.starts_with(prefix); });
+        return found;
+    }
+
+    testing::TempDir data;
+    std::string appDir = data.file("app");
+    std::string workspace;
+    std::string result;
+};
+
+TEST_F(MapXReplay, OneClickTurnsLayersTwoToFourOffAndOkCarriesItToTheClientsMap) {
+    const auto lines = replay("select 2 4\nclick 2 visible\nsnapshot\npress OK\n");
+
+    EXPECT_EQ(result, "ok");
+    // The query has no file of its own, so the client's map cannot hold it.
+    EXPECT_THAT(lines, Contains(StartsWith("! not in the client's map: Query1")));
+    EXPECT_THAT(withPrefix(lines, "grid rows"), ElementsAre(StartsWith("grid rows 8 cols 39 ")));
+    EXPECT_THAT(withPrefix(lines, "mapx"),
+                ElementsAre("mapx layer 2 Visible T -> F", "mapx layer 3 Visible T -> F",
+                            "mapx layer 4 Visible T -> F"));
+    EXPECT_THAT(lines, Contains("layer 1 Visible T"));
+    EXPECT_THAT(withPrefix(lines, "unhandled"), IsEmpty());
+    EXPECT_THAT(withPrefix(lines, "error"), IsEmpty());
+}
+
+TEST_F(MapXReplay, CancelLeavesTheClientsMapAsItWas) {
+    const auto lines = replay("select 2 4\nclick 2 visible\npress Cancel\n");
+
+    EXPECT_EQ(result, "cancel");
+    EXPECT_THAT(withPrefix(lines, "mapx"), IsEmpty());
+    EXPECT_THAT(lines, Contains("layer 2 Visible T"));
+}
+
+} // namespace
+} // namespace vellant::replay
