@@ -5,6 +5,7 @@
 #include "grid/column_catalogue.h"
 #include "grid/layer_rows.h"
 #include "hostmodel/mapper.h"
+#include "hostmodel/mapx_map.h"
 #include "hostmodel/mi_props.h"
 #include "interaction/info_cells.h"
 #include "platform/toolkit.h"
@@ -134,12 +135,25 @@ void EditCell::loadeditcell() {
         });
 }
 
+// The fields of the label dataset; a layer without a dataset, or one without fields, offers
+// nothing to pick.
+bool EditCell::fillMapXFields() {
+    Session& s = session_;
+    if (hostmodel::asMXLayer(s.lyr()).Datasets()->Count() <= 0) return false;
+    const auto dataset = std::dynamic_pointer_cast<hostmodel::MXDataset>(
+        hostmodel::asMXLabelProperties(s.labelProps()).Dataset());
+    if (!dataset) return false;
+    const std::shared_ptr<hostmodel::MXFields> fields = dataset->Fields();
+    if (fields->Count() < 1) return false;
+    for (std::int32_t i = 1; i <= fields->Count(); ++i)
+        EditList.AddItem(fields->Item(Variant(i))->Name());
+    return true;
+}
+
 bool EditCell::fillList() {
     Session& s = session_;
     if (isColumn(s, "label field")) {
-        // The MapX host would offer the fields of the label dataset here; only the MapInfo
-        // host is served, so the column stays closed on any other.
-        if (!s.gIsMapInfo) return false;
+        if (!s.gIsMapInfo) return fillMapXFields();
         hostmodel::MIProps& layer = hostmodel::asMIProps(s.lyr());
         const std::int32_t fields = layer.FieldCount();
         if (fields < 1) return false;

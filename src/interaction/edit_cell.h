@@ -42,6 +42,7 @@ private:
     void loadeditcell();
     // False when the list column offers nothing, and the editor refuses.
     bool fillList();
+    bool fillMapXFields();
     void onKeyDown(int keyCode, const std::string& text);
 
     Session& session_;

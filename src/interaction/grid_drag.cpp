@@ -5,6 +5,7 @@
 #include "grid/layer_rows.h"
 #include "grid/load_grid.h"
 #include "hostmodel/host_predicates.h"
+#include "hostmodel/mapx_map.h"
 #include "interaction/grid_event_handlers.h"
 #include "mapchanges/layer_moves.h"
 #include "prefs/settings.h"
@@ -52,7 +53,8 @@ void lyrgridDragdrop(Session& s, platform::FlexGrid& grid, float y) {
 } // namespace
 
 std::string layerName(Session& s, std::int16_t layer) {
-    // The MapX host names its layers through MapDisplay.Layers; that branch joins with the host.
+    if (!s.gIsMapInfo)
+        return s.layerForm().MapDisplay.map().Layers()->Item(Variant(std::int32_t{layer}))->Name();
     s.gLayer = layer;
     return s.lyr().Name();
 }

@@ -11,6 +11,7 @@
 #include "mapx/style_clauses.h"
 #include "mapx/style_picker.h"
 #include "platform/scripted_toolkit.h"
+#include "interaction/edit_cell.h"
 #include "session/layer_form.h"
 #include "session/session.h"
 #include "session/vl_layer.h"
@@ -257,6 +258,43 @@ TEST_F(MapXSession, AStylePickedForALayerReachesTheClientsLayerAtOk) {
     EXPECT_EQ(clientLayer(2)->Style()->RegionColor(), 0xFF0000);
     EXPECT_TRUE(clientLayer(1)->overridestyle());
     EXPECT_EQ(clientLayer(1)->Style()->SymbolFontColor(), pointsColour);
+    EXPECT_THAT(problems(), IsEmpty());
+}
+
+// The cell editor of "label field" offers the fields of the label dataset, and the pick is the
+// field the client's labels show after OK.
+TEST_F(MapXSession, TheLabelFieldIsPickedFromTheDatasetsFields) {
+    auto regions = clientLayer(2);
+    auto dataset = client->Datasets()->Add(hostmodel::mapx::miDataSetLayer, *regions);
+    auto labels = regions->LabelProperties();
+    labels->setDataset(dataset);
+    labels->setDataField(dataset->Fields()->Item(Variant(1)));
+    labels->setVisible(kTrue);
+    ASSERT_GE(dataset->Fields()->Count(), 2);
+    std::vector<std::string> fields;
+    for (int i = 1; i <= dataset->Fields()->Count(); ++i)
+        fields.push_back(dataset->Fields()->Item(Variant(i))->Name());
+
+    std::vector<std::string> offered;
+    step([&](session::Session& s) {
+        doubleClickHeader(s, "label properties");
+        clickRowSet(s, 2, 2, "label field");
+    });
+    step([&](session::Session& s) {
+        ASSERT_NE(s.gEditCell, nullptr);
+        offered = s.gEditCell->EditList.items();
+        s.gEditCell->EditList.pick(1);
+    });
+    std::string viewField;
+    step([&](session::Session& s) {
+        viewField = view(s).Layers()->Item(Variant(2))->LabelProperties()->DataField()->Name();
+    });
+    pressOK();
+
+    EXPECT_EQ(layer.RunLayer(client), "ok");
+    EXPECT_EQ(offered, fields);
+    EXPECT_EQ(viewField, fields[1]);
+    EXPECT_EQ(labels->DataField()->Name(), fields[1]);
     EXPECT_THAT(problems(), IsEmpty());
 }
 
