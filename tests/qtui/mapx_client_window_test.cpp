@@ -3,6 +3,7 @@
 
 #include "app/desktop/mapx_client_window.h"
 #include "app/sample_tables/demo_data.h"
+#include "qtui/mapx/dialog_style_picker.h"
 #include "qtui/mapx/map_picture_widget.h"
 #include "support/session_fixture.h"
 
@@ -57,6 +58,26 @@ TEST(MapXClientWindow, TheLayersButtonRunsASessionWithTheViewMapInTheFormsMapPan
     EXPECT_GT(viewPixels, 100);
     EXPECT_EQ(window.statusBar()->currentMessage(), "RunLayer answered \"ok\"");
     EXPECT_TRUE(window.layersButton().isEnabled());
+}
+
+// MapX's picker is the host's dialog of the kind, seeded with the style: OK answers what it
+// shows, Cancel nothing.
+TEST(DialogStylePicker, OpensTheHostsDialogOfTheKindAndAnswersItsClause) {
+    qtui::DialogStylePicker picker([] { return nullptr; });
+    bool accept = true;
+    QString title;
+    picker.onDialogOpened = [&](QDialog& dialog) {
+        title = dialog.windowTitle();
+        QTimer::singleShot(0, &dialog, accept ? &QDialog::accept : &QDialog::reject);
+    };
+    const auto chosen = picker.pick({mapx::PickKind::Line, "Pen (3,2,255)"});
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_EQ(*chosen, "Pen (3,2,255)");
+    EXPECT_EQ(title, "Line Style");
+
+    accept = false;
+    EXPECT_FALSE(picker.pick({mapx::PickKind::Text, "Font (\"Arial\",0,9,0)"}).has_value());
+    EXPECT_EQ(title, "Text Style");
 }
 
 } // namespace

@@ -6,13 +6,14 @@
 
 #include "app/mapx_client/mapx_client.h"
 #include "engine/engine.h"
-#include "mapx/style_picker.h"
 #include "platform/automation.h"
 #include "qtui/host/native_windows.h"
+#include "qtui/mapx/dialog_style_picker.h"
 #include "qtui/mapx/map_picture_widget.h"
 #include "qtui/toolkit/qt_toolkit.h"
 #include "session/vl_layer.h"
 
+#include <QApplication>
 #include <QMainWindow>
 #include <QPushButton>
 #include <memory>
@@ -35,15 +36,15 @@ public:
     QPushButton& layersButton() { return *layers_; }
     qtui::MapPictureWidget& mapControl() { return *mapControl_; }
     qtui::QtToolkit& toolkit() { return toolkit_; }
+    qtui::DialogStylePicker& picker() { return picker_; }
 
 private:
     std::shared_ptr<engine::Engine> engine_;
     qtui::NativeWindows native_;
     qtui::QtToolkit toolkit_{native_};
     platform::AutomationRegistry registry_;
-    // MapX's pickers need the desktop's style dialogs; until they are offered here a pick is
-    // cancelled, as a dialog the user closes.
-    mapx::QueuedStylePicker picker_;
+    // MapX's pickers are the host's style dialogs, over the window in front.
+    qtui::DialogStylePicker picker_{[] { return QApplication::activeWindow(); }};
     std::unique_ptr<mapxclient::MapXClient> client_;
     std::shared_ptr<hostmodel::MXMap> map_;
     std::unique_ptr<session::vlLayer> layer_;
