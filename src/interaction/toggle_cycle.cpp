@@ -98,17 +98,22 @@ void pickOrientation(Session& s) {
                                platform::SWP_NOMOVE | platform::SWP_NOSIZE);
 }
 
-// Labels by zoom, always, none, and round again. Every row steps from its own state; the
-// cycle of a row set does not apply.
+// Labels by zoom, always, none (MapInfo only), and round again. Every row steps from its own state;
+// the cycle of a row set does not apply.
 void stepLabelZoom(Session& s) {
     hostmodel::ILabelProps& labels = s.labelProps();
     const bool shown = labels.Visible();
     const bool byZoom = labels.LabelZoom();
+    // MapX's labels go between always and by zoom; MapInfo's go on to none and back.
+    const bool mapInfo = s.gIsMapInfo != kFalse;
     if (shown && byZoom) {
         labels.setLabelZoom(kFalse);
     } else if (shown) {
-        labels.setVisible(kFalse);
-    } else if (!byZoom) {
+        if (mapInfo)
+            labels.setVisible(kFalse);
+        else
+            labels.setLabelZoom(kTrue);
+    } else if (!byZoom && mapInfo) {
         labels.setVisible(kTrue);
         labels.setLabelZoom(kTrue);
     }

@@ -6,12 +6,12 @@
 #include "hostmodel/host_predicates.h"
 #include "hostmodel/mapx_constants.h"
 #include "hostmodel/mapx_map.h"
+#include "interaction/edit_cell.h"
 #include "mapx/mapx_classes.h"
 #include "mapx/mapx_runtime.h"
 #include "mapx/style_clauses.h"
 #include "mapx/style_picker.h"
 #include "platform/scripted_toolkit.h"
-#include "interaction/edit_cell.h"
 #include "session/layer_form.h"
 #include "session/session.h"
 #include "session/vl_layer.h"
@@ -296,6 +296,25 @@ TEST_F(MapXSession, TheLabelFieldIsPickedFromTheDatasetsFields) {
     EXPECT_EQ(viewField, fields[1]);
     EXPECT_EQ(labels->DataField()->Name(), fields[1]);
     EXPECT_THAT(problems(), IsEmpty());
+}
+
+// MapX's labels step between always and by zoom, never to none.
+TEST_F(MapXSession, TheLabelZoomCellStepsBetweenAlwaysAndByZoom) {
+    clientLayer(2)->LabelProperties()->setVisible(kTrue);
+    std::vector<bool> regionsByZoom;
+    step([&](session::Session& s) {
+        doubleClickHeader(s, "label properties");
+        auto labels = view(s).Layers()->Item(Variant(2))->LabelProperties();
+        for (int click = 0; click < 3; ++click) {
+            clickRowSet(s, 2, 2, "label zoom");
+            regionsByZoom.push_back(labels->LabelZoom());
+            EXPECT_TRUE(labels->Visible());
+        }
+    });
+    pressCancel();
+
+    EXPECT_EQ(layer.RunLayer(client), "cancel");
+    EXPECT_EQ(regionsByZoom, (std::vector<bool>{true, false, true}));
 }
 
 TEST_F(MapXSession, ALayerWhoseFileHasGoneIsLoggedAndTheSessionGoesOn) {
