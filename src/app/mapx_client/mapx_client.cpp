@@ -5,6 +5,8 @@
 #include "engine/engine.h"
 #include "mapx/mapx_classes.h"
 
+#include <algorithm>
+
 namespace vellant::mapxclient {
 
 namespace {
@@ -103,7 +105,34 @@ std::shared_ptr<hostmodel::MXMap> MapXClient::openFrontMap(std::vector<std::stri
             Val(eval("LayerInfo(" + at + "," + std::to_string(kLayerDisplay) + ")")) != 0;
         layer->setVisible(shown ? kTrue : kFalse);
     }
+    showWholeMap(*map);
     return map;
+}
+
+void MapXClient::showWholeMap(hostmodel::MXMap& map) {
+    const auto layers = map.Layers();
+    bool any = false;
+    double xMin = 0, yMin = 0, xMax = 0, yMax = 0;
+    for (int i = 1; i <= layers->Count(); ++i) {
+        try {
+            const auto layer = layers->Item(Variant(i));
+            if (layer->AllFeatures()->Count() == 0) continue;
+            const auto bounds = layer->Bounds();
+            xMin = any ? std::min(xMin, bounds->XMin()) : bounds->XMin();
+            yMin = any ? std::min(yMin, bounds->YMin()) : bounds->YMin();
+            xMax = any ? std::max(xMax, bounds->XMax()) : bounds->XMax();
+            yMax = any ? std::max(yMax, bounds->YMax()) : bounds->YMax();
+            any = true;
+        } catch (const RuntimeError&) {
+            // A layer without extent (a raster MapX reads no features of) does not count.
+        }
+    }
+    if (!any) return;
+    auto rectangle = std::dynamic_pointer_cast<hostmodel::MXRectangle>(
+        registry_.CreateObject("MapX.Rectangle.4"));
+    if (!rectangle) return;
+    rectangle->Set(xMin, yMin, xMax, yMax);
+    map.setBounds(*rectangle);
 }
 
 std::vector<MapXValue> MapXClient::describe(hostmodel::MXMap& map) {

@@ -45,6 +45,9 @@ public:
     static std::vector<MapXValue> describe(hostmodel::MXMap& map);
 
 private:
+    // The view takes in every layer's features, as a client opening its map would show it.
+    void showWholeMap(hostmodel::MXMap& map);
+
     engine::Engine& engine_;
     platform::AutomationRegistry& registry_;
     mapx::MapXRuntime runtime_;
