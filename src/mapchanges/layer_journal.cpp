@@ -17,9 +17,8 @@ void journalLayerOp(Session& s, const std::string& kind, std::int16_t from, std:
     s.gLayerOpFile[entry] = file;
 }
 
-hostmodel::MXMap& mapDisplay(Session& /*s*/) {
-    // The layer forms carry no MapDisplay control until the MapX host's view map joins them.
-    raiseError(kErrObjectNotSet);
+hostmodel::MXMap& mapDisplay(Session& s) {
+    return s.viewMap();
 }
 
 void reloadGridAfterLayerChange(Session& s) {

@@ -26,8 +26,8 @@ using session::Session;
 void journalLayerOp(Session& s, const std::string& kind, std::int16_t from, std::int16_t to = 0,
                     const std::string& file = "");
 
-// The view map on the MapX host: the form's MapDisplay control. Error 91 while the form holds
-// no such control; the MapX branches reach the view map only through here.
+// The view map on the MapX host: the map of the form's MapDisplay control, error 91 while it
+// holds none; the MapX branches reach the view map only through here.
 hostmodel::MXMap& mapDisplay(Session& s);
 
 // Rows and layer numbers follow the map again only by a new load, inside a redraw bracket.
