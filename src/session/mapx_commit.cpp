@@ -72,9 +72,20 @@ void copyLabels(Session& s, MXLayer& view, MXLayer& user) {
 
 } // namespace
 
-void replayLayerOperations(Session& /*s*/) {
-    // The layer journal's replay joins here: until the layer list can change in a MapX
-    // session, the two maps have the same layers in the same order.
+// The journal's entries are written from index 0; all of them are replayed, the first included,
+// so that the user's map goes through every operation the view went through. An overflowed
+// journal fails at its 201st entry, after the first 200 are applied.
+void replayLayerOperations(Session& s) {
+    const std::shared_ptr<hostmodel::MXLayers> layers = hostmodel::asMXMap(s.map()).Layers();
+    for (long i = 0; i < s.gLayerOpCount; ++i) {
+        const std::string& kind = s.gLayerOpKind[i];
+        if (kind == "remove")
+            layers->Remove(Variant(static_cast<std::int32_t>(s.gLayerOpFrom[i])));
+        else if (kind == "add")
+            layers->Add(Variant(s.gLayerOpFile[i]), s.gLayerOpFrom[i]);
+        else if (kind == "move")
+            layers->Move(s.gLayerOpFrom[i], s.gLayerOpTo[i]);
+    }
 }
 
 void copytomap2(Session& s) {

@@ -78,5 +78,16 @@ TEST_F(MapXReplay, CancelLeavesTheClientsMapAsItWas) {
     EXPECT_THAT(lines, Contains("layer 2 Visible T"));
 }
 
+// The view's layer operations are journalled and replayed on the client's map at OK, the first
+// of them included: the two maps end with the same layers.
+TEST_F(MapXReplay, ARemovedLayerIsRemovedFromTheClientsMapAtOk) {
+    const auto lines = replay("select 3 3\nmenu Remove_layer\npress OK\n");
+
+    EXPECT_EQ(result, "ok");
+    EXPECT_THAT(withPrefix(lines, "msgbox"), IsEmpty());
+    EXPECT_THAT(withPrefix(lines, "layer 3 Name"), ElementsAre("layer 3 Name mixed"));
+    EXPECT_THAT(withPrefix(lines, "layer 7 Name"), IsEmpty());
+}
+
 } // namespace
 } // namespace vellant::replay
