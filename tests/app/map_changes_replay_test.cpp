@@ -6,6 +6,7 @@
 #include "app/sample_tables/demo_data.h"
 #include "prefs/record_file.h"
 #include "support/session_fixture.h"
+#include "transcript_lines.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -36,11 +37,7 @@ protected:
             ReplayRun run(workspace, appDir, out);
             run.run(readScript(in, replayVerbs()));
         }
-        std::vector<std::string> lines;
-        std::istringstream transcript(out.str());
-        for (std::string line; std::getline(transcript, line);)
-            lines.push_back(line);
-        return lines;
+        return transcriptLines(out.str());
     }
     void dockTheForm() {
         prefs::RecordFile settings;

@@ -5,6 +5,7 @@
 #include "app/replay/replay_verbs.h"
 #include "app/sample_tables/demo_data.h"
 #include "support/session_fixture.h"
+#include "transcript_lines.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -35,11 +36,7 @@ protected:
             ReplayRun run(workspace, appDir, out);
             result = run.runMapX(readScript(in, replayVerbs()));
         }
-        std::vector<std::string> lines;
-        std::istringstream transcript(out.str());
-        for (std::string line; std::getline(transcript, line);)
-            lines.push_back(line);
-        return lines;
+        return transcriptLines(out.str());
     }
     static std::vector<std::string> withPrefix(const std::vector<std::string>& lines,
                                                const std::string& prefix) {

@@ -7,6 +7,7 @@
 #include "app/replay/replay_verbs.h"
 #include "app/sample_tables/demo_data.h"
 #include "support/session_fixture.h"
+#include "transcript_lines.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -43,11 +44,7 @@ protected:
             run.useTemporaryFolder(temporary);
             run.run(readScript(in, replayVerbs()));
         }
-        std::vector<std::string> lines;
-        std::istringstream transcript(out.str());
-        for (std::string line; std::getline(transcript, line);)
-            lines.push_back(line);
-        return lines;
+        return transcriptLines(out.str());
     }
 
     int samplesLeft() const {
