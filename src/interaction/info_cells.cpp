@@ -8,7 +8,9 @@
 #include "prefs/settings.h"
 #include "session/session.h"
 
+#include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace vellant::interaction {
 
@@ -17,7 +19,7 @@ namespace {
 constexpr int kLastTableCode = 31;
 constexpr int kLastLayerCode = 64;
 // Whatever stands further behind a token than this is dropped.
-constexpr long kTextBehindToken = 555;
+constexpr std::size_t kTextBehindToken = 555;
 
 // A keyword's position in the list is its code, so the order is fixed and nothing is sorted.
 constexpr std::array<std::string_view, 86> kInfoKeywords = {
@@ -71,20 +73,21 @@ std::string infoExpression(int position) {
 std::string expandTokens(std::string_view text, const std::function<std::string()>& layerName,
                          std::int16_t layerNum, std::int32_t mapId) {
     std::string e(text);
-    long p = InStr(e, "%");
     // A layer name that holds a token of its own would be expanded for ever: the scan starts
     // again at the front after each token. Far more tokens than any expression holds means that.
     constexpr int kMostTokens = 10000;
     // Such a name also grows the text at each round; past MapBasic's longest string no
     // evaluation could take it anyway, and copying it ever longer would freeze the grid.
     constexpr std::size_t kLongestExpression = 32767;
-    for (int tokens = 0; p >= 1; ++tokens) {
+    // Nothing in front of the first percent sign can hold one, so the scan from the front goes on
+    // where the last token stood, and only what stands behind it is rewritten: a long expansion
+    // costs what it adds rather than the whole text at every round.
+    std::size_t open = e.find('%');
+    for (int tokens = 0; open != std::string::npos; ++tokens) {
         if (tokens == kMostTokens || e.size() > kLongestExpression) raiseError(kErrInvalidCall);
-        const std::string left = Left(e, p - 1);
-        const long q = InStr(p + 1, e, "%");
-        // With no closing sign the length goes negative, which Mid refuses with error 5.
-        const std::string token = Mid(e, p + 1, q - p - 1);
-        const std::string right = Mid(e, q + 1, kTextBehindToken);
+        const std::size_t close = e.find('%', open + 1);
+        if (close == std::string::npos) raiseError(kErrInvalidCall);
+        const std::string_view token = std::string_view(e).substr(open + 1, close - open - 1);
         std::string value;
         if (token == "LAYERNAME")
             value = "\"" + layerName() + "\"";
@@ -94,8 +97,9 @@ std::string expandTokens(std::string_view text, const std::function<std::string(
             value = Str(mapId);
         else
             value = "unknown_token";
-        e = left + value + right;
-        p = InStr(e, "%");
+        e.resize(close + 1 + std::min(e.size() - close - 1, kTextBehindToken));
+        e.replace(open, close + 1 - open, value);
+        open = e.find('%', open);
     }
     return e;
 }
