@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -84,6 +85,66 @@ TEST_F(MapXReplay, ARemovedLayerIsRemovedFromTheClientsMapAtOk) {
     EXPECT_THAT(withPrefix(lines, "msgbox"), IsEmpty());
     EXPECT_THAT(withPrefix(lines, "layer 3 Name"), ElementsAre("layer 3 Name mixed"));
     EXPECT_THAT(withPrefix(lines, "layer 7 Name"), IsEmpty());
+}
+
+// The layer names of the snapshot's rows, top to bottom, and those of the client's map by number.
+std::vector<std::string> viewLayers(const std::vector<std::string>& lines) {
+    std::vector<std::string> names;
+    const std::regex nameCell(R"(cell [1-9][0-9]* 0 .* text (.*))");
+    std::smatch found;
+    for (const std::string& line : lines)
+        if (std::regex_match(line, found, nameCell)) names.push_back(found[1]);
+    return names;
+}
+std::vector<std::string> clientLayers(const std::vector<std::string>& lines) {
+    std::vector<std::string> names;
+    const std::regex nameLine(R"(layer [0-9]+ Name (.*))");
+    std::smatch found;
+    for (const std::string& line : lines)
+        if (std::regex_match(line, found, nameLine)) names.push_back(found[1]);
+    return names;
+}
+
+TEST_F(MapXReplay, ARemovalAnInsertionAndADragLeaveTheClientsMapWithTheViewsLayersInOrder) {
+    // The first insertion's file dialog is cancelled, which adds nothing and says nothing.
+    const std::string script = "select 4 4\nfile cancel\nmenu Add_Layer\n"
+                               "select 3 3\nmenu Remove_layer\n"
+                               "select 4 4\nfile lines.tab\nmenu Add_Layer\n"
+                               "drag 2 6\nsnapshot\n";
+    const auto accepted = replay(script + "press OK\n");
+
+    EXPECT_EQ(result, "ok");
+    const std::vector<std::string> expected = {"text",    "mixed",  "lines", "regions",
+                                               "nothing", "points", "raster"};
+    EXPECT_EQ(viewLayers(accepted), expected);
+    EXPECT_EQ(clientLayers(accepted), expected);
+    EXPECT_THAT(withPrefix(accepted, "msgbox"), IsEmpty());
+    EXPECT_THAT(withPrefix(accepted, "error"), IsEmpty());
+
+    const auto before = clientLayers(replay("press Cancel\n"));
+    const auto cancelled = replay(script + "press Cancel\n");
+    EXPECT_EQ(viewLayers(cancelled), expected);
+    EXPECT_EQ(clientLayers(cancelled), before);
+    EXPECT_THAT(withPrefix(cancelled, "mapx"), IsEmpty());
+}
+
+// The clicked row's labels are off, so the click on the set turns them on with a font picked
+// once, and every row of the set is given the clicked row's labels.
+TEST_F(MapXReplay, TheLabelFontPickedOnARowSetReachesEveryRowOfTheSet) {
+    const auto lines = replay("click 3 19\nselect 2 4\nclick 3 19\n"
+                              "style Font (\"Courier New\",2,12,16711680)\npress OK\n");
+
+    EXPECT_THAT(withPrefix(lines, "pick"),
+                ElementsAre("pick 5 Font (\"Arial\",0,9,0)",
+                            "picked Font (\"Courier New\",2,12,16711680)"));
+    for (const char* layer : {"2", "3", "4"}) {
+        const std::string prefix = std::string("layer ") + layer + " LabelProperties.";
+        EXPECT_THAT(lines, Contains(prefix + "Visible T"));
+        EXPECT_THAT(lines, Contains(prefix + "Style.TextFont Courier New 12"));
+        EXPECT_THAT(lines, Contains(prefix + "Style.TextFontColor 255"))
+            << "red, as MapX writes it";
+    }
+    EXPECT_THAT(lines, Contains("layer 5 LabelProperties.Style.TextFont Arial 9"));
 }
 
 } // namespace

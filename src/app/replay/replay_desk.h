@@ -41,6 +41,8 @@ public:
     virtual void queueAnswer(int answer) = 0;
     // The item chosen in the next popup menu by control name; "" closes it without a choice.
     virtual void queuePopupChoice(std::string item) = 0;
+    // The file chosen in the next open dialog; "" cancels it, as does a dialog with none waiting.
+    virtual void queueOpenFile(std::string path) = 0;
 
     // Told of each message box once it is answered, and of each SetWindowPos call.
     std::function<void(const std::string& prompt)> onMessage;

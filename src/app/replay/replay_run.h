@@ -72,6 +72,7 @@ public:
     engine::Engine& engine() { return *engine_; }
     session::vlLayer& layer() { return *layer_; }
     StyleDialogs& styleDialogs() { return styleDialogs_; }
+    const std::filesystem::path& workspaceFolder() const { return folder_; }
     // A line of the script that could not be done: "error script line <n>: <why>". The script
     // goes on with its next line.
     void refuse(const ScriptLine& line, const std::string& why);

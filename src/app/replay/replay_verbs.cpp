@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -98,6 +99,14 @@ void answer(ReplayRun& replay, const ScriptLine& line) {
                                               : platform::vbCancel);
 }
 
+// A relative name is taken from the workspace's folder, where the script's tables stand.
+void openFile(ReplayRun& replay, const ScriptLine& line) {
+    if (LCase(line.argument) == "cancel") return replay.desk().queueOpenFile("");
+    const std::filesystem::path file(line.argument);
+    replay.desk().queueOpenFile(
+        (file.is_absolute() ? file : replay.workspaceFolder() / file).lexically_normal().string());
+}
+
 void style(ReplayRun& replay, const ScriptLine& line) {
     replay.styleDialogs().answer(line.argument);
 }
@@ -122,6 +131,7 @@ const Verb kVerbs[] = {
     {"button", Argument::Integer, {}, false, button, "button <id>"},
     {"host", Argument::Text, {}, false, host, "host <MapBasic statement>"},
     {"answer", Argument::Choice, kAnswers, true, answer, "answer ok|yes|no|cancel"},
+    {"file", Argument::Text, {}, true, openFile, "file <path>|cancel"},
     {"style", Argument::Text, {}, false, style, "style <clause>|cancel|wait"},
     {"snapshot", Argument::None, {}, false, snapshot, "snapshot"},
     {"click", Argument::Text, {}, false, clickVerb, "click <row> <column>"},

@@ -32,6 +32,7 @@ public:
     platform::Form* modalForm() const override { return toolkit_.modalForm(); }
     void queueAnswer(int answer) override { toolkit_.queueAnswer(answer); }
     void queuePopupChoice(std::string item) override { toolkit_.queuePopupChoice(std::move(item)); }
+    void queueOpenFile(std::string path) override { toolkit_.queueOpenFile(std::move(path)); }
     bool setScreen(int widthPixels, int heightPixels) override;
     bool placeHostWindow(std::int32_t hwnd, const platform::WindowPlacement& placement) override;
     std::size_t tickTimers() override { return toolkit_.fireTimers(); }

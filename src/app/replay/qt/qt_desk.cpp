@@ -145,6 +145,13 @@ std::optional<std::string> QtDesk::popupChoice(const std::string&) {
     return choice;
 }
 
+std::optional<std::string> QtDesk::openFileChoice(const platform::OpenDialogRequest&) {
+    if (openFiles_.empty()) return std::string();
+    std::string file = std::move(openFiles_.front());
+    openFiles_.pop_front();
+    return file;
+}
+
 void QtDesk::click(QWidget& widget, QPoint at) {
     QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
 }

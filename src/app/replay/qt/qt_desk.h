@@ -47,6 +47,7 @@ public:
     platform::Form* modalForm() const override { return toolkit_->modalForm(); }
     void queueAnswer(int answer) override { answers_.push_back(answer); }
     void queuePopupChoice(std::string item) override { choices_.push_back(std::move(item)); }
+    void queueOpenFile(std::string path) override { openFiles_.push_back(std::move(path)); }
     void snapshotTaken(session::Session& session) override;
     bool setScreen(int widthPixels, int heightPixels) override;
     bool placeHostWindow(std::int32_t hwnd, const platform::WindowPlacement& placement) override;
@@ -59,6 +60,7 @@ public:
     std::optional<int> messageBoxAnswer(const std::string& prompt, const std::vector<int>& buttons,
                                         int defaultAnswer) override;
     std::optional<std::string> popupChoice(const std::string& menuName) override;
+    std::optional<std::string> openFileChoice(const platform::OpenDialogRequest&) override;
     void click(QWidget& widget, QPoint at) override;
     void key(QWidget& widget, int qtKey) override;
 
@@ -78,6 +80,7 @@ private:
     std::deque<std::function<void()>> steps_;
     std::deque<int> answers_;
     std::deque<std::string> choices_;
+    std::deque<std::string> openFiles_;
     bool pumpPending_ = false;
     // The modal depth each running step began at: a step runs only inside a modal show deeper
     // than the one of the step under way, so that the events an action lets run never start
