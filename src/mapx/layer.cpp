@@ -5,6 +5,7 @@
 #include "engine/tables/catalog.h"
 #include "engine/tables/memory_table.h"
 #include "engine/windows/coordsys.h"
+#include "engine/windows/map_extent.h"
 #include "mapx/feature.h"
 #include "mapx/map.h"
 #include "mapx/map_units.h"
@@ -109,6 +110,10 @@ std::shared_ptr<hostmodel::MXFeatures> Layer::NoFeatures() {
 
 std::shared_ptr<hostmodel::MXRectangle> Layer::Bounds() {
     engine::Table& own = table();
+    // A raster has no objects; its bounds are those of its image.
+    if (own.isRaster())
+        return std::make_shared<Rectangle>(
+            engine::tableExtent(own, map_->coordSys()).value_or(engine::Bounds{}));
     const engine::LayerGeometry& geometry = map_->geometryOf(own);
     if (geometry.problem) raiseError(geometry.problem->code(), geometry.problem->what());
     return std::make_shared<Rectangle>(geometry.bounds.value_or(engine::Bounds{}));

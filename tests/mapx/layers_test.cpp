@@ -224,6 +224,13 @@ TEST_F(LayersTest, FeatureTypeAndLayerTypeFollowWhatTheTableHolds) {
     auto raster = add("raster.tab");
     EXPECT_EQ(raster->Type(), mx::miLayerTypeRaster);
     EXPECT_EQ(raster->PredominantFeatureType(), mx::miFeatureTypeUnknown);
+    // A raster has no features; its bounds are those of its image.
+    EXPECT_EQ(raster->AllFeatures()->Count(), 0);
+    auto image = raster->Bounds();
+    EXPECT_DOUBLE_EQ(image->XMin(), 10);
+    EXPECT_DOUBLE_EQ(image->YMin(), 48);
+    EXPECT_DOUBLE_EQ(image->XMax(), 14);
+    EXPECT_DOUBLE_EQ(image->YMax(), 50);
 }
 
 TEST_F(LayersTest, FeaturesFromAnotherCoordinateSystemAreMovedIntoTheLayers) {

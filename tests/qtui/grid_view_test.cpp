@@ -131,6 +131,31 @@ TEST_F(GridViewTest, ABitmapLargerThanItsCellIsShrunkWhole) {
     EXPECT_GT(red, 0);
 }
 
+// A sample made as high as the row stands a pixel over the cell, under the grid line: it is cut
+// there rather than shrunk, so its one-pixel lines all stay.
+TEST_F(GridViewTest, ABitmapAPixelOverItsCellKeepsEveryLine) {
+    grid.setRow(2);
+    grid.setCol(2);
+    const QRect cell = view->cellRect(2, 2);
+    const int height = cell.height() + 1;
+    auto sample = std::make_shared<vellant::Bitmap>(8, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < 8; ++x)
+            sample->set(x, y, y % 2 == 0 ? 0x0000FF : 0xFFFFFF);
+    grid.setCellPicture(
+        {"", sample, 8 * platform::kTwipsPerPixel, height * platform::kTwipsPerPixel});
+    grid.setCellPictureAlignment(platform::flexAlignLeftTop);
+    const QImage image = picture();
+    // Rows alternate blue and white as drawn: none is dropped or blended away.
+    for (int y = cell.top(); y < cell.bottom(); ++y) {
+        const bool blue = (y - cell.top()) % 2 == 0;
+        EXPECT_EQ(image.pixelColor(cell.left() + 3, y).blue() > 200 &&
+                      image.pixelColor(cell.left() + 3, y).red() < 60,
+                  blue)
+            << "row " << y - cell.top();
+    }
+}
+
 TEST_F(GridViewTest, PictureAlignmentCodesPlaceByColumnAndLine) {
     const QRect cell(10, 20, 100, 30);
     const QSize size(16, 16);

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QStatusBar>
+#include <QStringList>
 #include <QToolBar>
 #include <filesystem>
 
@@ -30,11 +31,12 @@ MapXClientWindow::MapXClientWindow(std::shared_ptr<engine::Engine> engine,
     tools->addWidget(layers_);
     connect(layers_, &QPushButton::clicked, this, [this] { runLayers(); });
     native_.addNew(this);
-    if (!leftOut.empty())
-        statusBar()->showMessage(QString("%1 layer(s) of the workspace have no file for MapX")
-                                     .arg(static_cast<int>(leftOut.size())));
-    else
-        statusBar()->showMessage("Ready");
+    // Each left-out layer with its reason, so that the user knows what the map lacks.
+    QStringList missing;
+    for (const std::string& layer : leftOut)
+        missing << QString::fromStdString(layer);
+    statusBar()->showMessage(missing.isEmpty() ? QString("Ready")
+                                               : "Left out of the map: " + missing.join("; "));
 }
 
 MapXClientWindow::~MapXClientWindow() {

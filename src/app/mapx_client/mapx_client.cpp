@@ -3,6 +3,7 @@
 #include "base/basic_text.h"
 #include "base/runtime_error.h"
 #include "engine/engine.h"
+#include "hostmodel/mapx_constants.h"
 #include "mapx/mapx_classes.h"
 
 #include <algorithm>
@@ -10,6 +11,9 @@
 namespace vellant::mapxclient {
 
 namespace {
+
+// Of the width and height of everything, added on each side of the whole map.
+constexpr double kWholeMapMargin = 0.05;
 
 constexpr int kWindowName = 1;
 constexpr int kWindowType = 3;
@@ -116,7 +120,10 @@ void MapXClient::showWholeMap(hostmodel::MXMap& map) {
     for (int i = 1; i <= layers->Count(); ++i) {
         try {
             const auto layer = layers->Item(Variant(i));
-            if (layer->AllFeatures()->Count() == 0) continue;
+            // An empty layer's box is nothing; a raster's is its image.
+            if (layer->Type() != hostmodel::mapx::miLayerTypeRaster &&
+                layer->AllFeatures()->Count() == 0)
+                continue;
             const auto bounds = layer->Bounds();
             xMin = any ? std::min(xMin, bounds->XMin()) : bounds->XMin();
             yMin = any ? std::min(yMin, bounds->YMin()) : bounds->YMin();
@@ -124,10 +131,17 @@ void MapXClient::showWholeMap(hostmodel::MXMap& map) {
             yMax = any ? std::max(yMax, bounds->YMax()) : bounds->YMax();
             any = true;
         } catch (const RuntimeError&) {
-            // A layer without extent (a raster MapX reads no features of) does not count.
+            // A layer whose table cannot be read has no extent to show.
         }
     }
     if (!any) return;
+    // A margin keeps the symbols and labels of the outermost objects whole.
+    const double marginX = (xMax - xMin) * kWholeMapMargin;
+    const double marginY = (yMax - yMin) * kWholeMapMargin;
+    xMin -= marginX;
+    xMax += marginX;
+    yMin -= marginY;
+    yMax += marginY;
     auto rectangle = std::dynamic_pointer_cast<hostmodel::MXRectangle>(
         registry_.CreateObject("MapX.Rectangle.4"));
     if (!rectangle) return;

@@ -62,11 +62,15 @@ std::optional<Bounds> layerExtent(const Catalog& catalog, const MapState& map, i
     if (!layer) return std::nullopt;
     const Table* table = catalog.find(layer->name);
     if (!table) return std::nullopt;
-    const std::optional<Bounds> box = table->bounds();
+    return tableExtent(*table, map.coordSys);
+}
+
+std::optional<Bounds> tableExtent(const Table& table, const CoordSys& mapSystem) {
+    const std::optional<Bounds> box = table.bounds();
     if (!box) return std::nullopt;
     try {
-        const CoordSys tableSystem = parseCoordSys(table->coordSysClause());
-        return reproject(*box, CoordTransform(tableSystem, map.coordSys));
+        const CoordSys tableSystem = parseCoordSys(table.coordSysClause());
+        return reproject(*box, CoordTransform(tableSystem, mapSystem));
     } catch (const MbError&) {
         // A clause we cannot read: take the box as it stands rather than lose the layer.
         return box;

@@ -13,6 +13,10 @@ namespace vellant::engine {
 // or whose table is no longer open.
 std::optional<Bounds> layerExtent(const Catalog& catalog, const MapState& map, int number);
 
+// The box of a table's objects, or of its image for a raster table, in the map's coordinate
+// system; nullopt for a table with neither.
+std::optional<Bounds> tableExtent(const Table& table, const CoordSys& mapSystem);
+
 // The box of the cosmetic layer's objects; nullopt when it has none.
 std::optional<Bounds> cosmeticExtent(const MapState& map);
 
