@@ -57,11 +57,14 @@ QSize pictureSize(const platform::Picture& picture, double twipsPerPixel) {
 
 QPixmap picturePixmap(const platform::Picture& picture, QSize size, qreal devicePixelRatio) {
     if (picture.bitmap) {
-        // A sample's pixels are shown one for one where they fit, never smoothed into a blur.
+        // A sample's pixels are shown one for one where they fit, never smoothed into a blur
+        // when enlarged; a shrunk one is smoothed, so that no line of a letter drops out.
         const QImage image = bitmapImage(*picture.bitmap);
         if (image.size() == size || !size.isValid()) return QPixmap::fromImage(image);
+        const bool shrinks = size.width() < image.width() || size.height() < image.height();
         return QPixmap::fromImage(
-            image.scaled(size, Qt::IgnoreAspectRatio, Qt::FastTransformation));
+            image.scaled(size, Qt::IgnoreAspectRatio,
+                         shrinks ? Qt::SmoothTransformation : Qt::FastTransformation));
     }
     return artPixmap(picture.name, size, devicePixelRatio);
 }

@@ -16,6 +16,8 @@ namespace {
 
 constexpr int kAlignStretch = 9;
 constexpr int kTextPadding = 3;
+// Pixels a picture may stand over its cell and be cut rather than shrunk.
+constexpr int kPictureOverflowCut = 2;
 // The grid control's own line colour.
 const QColor kGridLine(0xC0, 0xC0, 0xC0);
 
@@ -107,9 +109,11 @@ void paintCell(QPainter& painter, const platform::FlexGrid& grid, const GridBand
         if (cell.pictureAlignment == kAlignStretch) {
             size = inner.size();
         } else if (cell.pictureAlignment != platform::flexPicAlignTile &&
-                   (size.width() > inner.width() || size.height() > inner.height())) {
+                   (size.width() > inner.width() + kPictureOverflowCut ||
+                    size.height() > inner.height() + kPictureOverflowCut)) {
             // A style sample is drawn at the size the host saved it, often more than a row:
-            // shrunk whole it still shows the style, cut it shows a corner of a letter.
+            // shrunk whole it still shows the style, cut it shows a corner of a letter. One
+            // made for the whole row loses no more than its blank edge under the grid line.
             size = size.scaled(inner.size(), Qt::KeepAspectRatio);
         }
         const QPixmap& pixmap =
