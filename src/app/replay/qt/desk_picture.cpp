@@ -1,5 +1,6 @@
 #include "app/replay/qt/desk_picture.h"
 
+#include <QFontMetrics>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -41,12 +42,20 @@ void paintWindow(QPainter& painter, QWidget& window, QPoint origin) {
         shade.setColorAt(0, kTitleTop);
         shade.setColorAt(1, kTitleBottom);
         painter.fillRect(bar, shade);
+        // A narrow tool window's title takes a smaller letter, as window managers draw them,
+        // and is elided only when even that is too wide.
+        const QRect titleRect = bar.adjusted(8, 0, -28, 0);
         QFont font = window.font();
-        font.setPixelSize(12);
+        for (int pixels = 12; pixels >= 10; --pixels) {
+            font.setPixelSize(pixels);
+            if (QFontMetrics(font).horizontalAdvance(window.windowTitle()) <= titleRect.width())
+                break;
+        }
         painter.setFont(font);
         painter.setPen(Qt::white);
-        painter.drawText(bar.adjusted(8, 0, -28, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                         window.windowTitle());
+        painter.drawText(
+            titleRect, Qt::AlignVCenter | Qt::AlignLeft,
+            QFontMetrics(font).elidedText(window.windowTitle(), Qt::ElideRight, titleRect.width()));
         // The close box.
         const QPoint centre(bar.right() - 13, bar.center().y());
         painter.setPen(QPen(Qt::white, 1.6));
