@@ -87,22 +87,21 @@ TEST_F(MapXReplay, ARemovedLayerIsRemovedFromTheClientsMapAtOk) {
     EXPECT_THAT(withPrefix(lines, "layer 7 Name"), IsEmpty());
 }
 
+// What the lines of one form hold in their marked part, in the order written.
+std::vector<std::string> captured(const std::vector<std::string>& lines, const std::string& form) {
+    std::vector<std::string> found;
+    const std::regex pattern(form);
+    std::smatch match;
+    for (const std::string& line : lines)
+        if (std::regex_match(line, match, pattern)) found.push_back(match[1]);
+    return found;
+}
 // The layer names of the snapshot's rows, top to bottom, and those of the client's map by number.
 std::vector<std::string> viewLayers(const std::vector<std::string>& lines) {
-    std::vector<std::string> names;
-    const std::regex nameCell(R"(cell [1-9][0-9]* 0 .* text (.*))");
-    std::smatch found;
-    for (const std::string& line : lines)
-        if (std::regex_match(line, found, nameCell)) names.push_back(found[1]);
-    return names;
+    return captured(lines, R"(cell [1-9][0-9]* 0 .* text (.*))");
 }
 std::vector<std::string> clientLayers(const std::vector<std::string>& lines) {
-    std::vector<std::string> names;
-    const std::regex nameLine(R"(layer [0-9]+ Name (.*))");
-    std::smatch found;
-    for (const std::string& line : lines)
-        if (std::regex_match(line, found, nameLine)) names.push_back(found[1]);
-    return names;
+    return captured(lines, R"(layer [0-9]+ Name (.*))");
 }
 
 TEST_F(MapXReplay, ARemovalAnInsertionAndADragLeaveTheClientsMapWithTheViewsLayersInOrder) {
