@@ -2,7 +2,9 @@
 // numbers into text, so a map of 1000 layers makes tens of thousands of these calls.
 
 #include "base/basic_text.h"
+#include "base/runtime_error.h"
 #include "grid/column_catalogue.h"
+#include "interaction/info_cells.h"
 #include "platform/scripted_toolkit.h"
 #include "prefs/map_slots.h"
 #include "prefs/settings.h"
@@ -70,3 +72,16 @@ void BM_ReadMapSlot(benchmark::State& state) {
 BENCHMARK(BM_ReadMapSlot);
 
 } // namespace
+
+// The worst text a "user info" cell can expand: a layer name that brings its own token back
+// with an unknown one, so that the text grows at every round until it is given up.
+void BM_ExpandTokensOfASelfNamingLayer(benchmark::State& state) {
+    const auto name = [] { return std::string("%x%%LAYERNAME%"); };
+    for (auto _ : state) {
+        try {
+            benchmark::DoNotOptimize(vellant::interaction::expandTokens("%LAYERNAME%", name, 3, 1));
+        } catch (const vellant::RuntimeError&) {
+        }
+    }
+}
+BENCHMARK(BM_ExpandTokensOfASelfNamingLayer)->Unit(benchmark::kMicrosecond);
