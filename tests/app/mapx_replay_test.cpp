@@ -8,6 +8,7 @@
 #include "transcript_lines.h"
 
 #include <algorithm>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <regex>
@@ -60,12 +61,36 @@ TEST_F(MapXReplay, OneClickTurnsLayersTwoToFourOffAndOkCarriesItToTheClientsMap)
     // The query has no file of its own, so the client's map cannot hold it.
     EXPECT_THAT(lines, Contains(StartsWith("! not in the client's map: Query1")));
     EXPECT_THAT(withPrefix(lines, "grid rows"), ElementsAre(StartsWith("grid rows 8 cols 39 ")));
+    // The commit binds a new dataset for each of the six layers whose labels show a field.
     EXPECT_THAT(withPrefix(lines, "mapx"),
-                ElementsAre("mapx layer 2 Visible T -> F", "mapx layer 3 Visible T -> F",
-                            "mapx layer 4 Visible T -> F"));
+                ElementsAre("mapx Datasets.Count 6 -> 12", "mapx layer 2 Visible T -> F",
+                            "mapx layer 3 Visible T -> F", "mapx layer 4 Visible T -> F"));
     EXPECT_THAT(lines, Contains("layer 1 Visible T"));
+
     EXPECT_THAT(withPrefix(lines, "unhandled"), IsEmpty());
     EXPECT_THAT(withPrefix(lines, "error"), IsEmpty());
+}
+
+// The application sets each layer as the workspace's map window has it, labels included, and a
+// label expression that is no column leaves the labels without a field.
+TEST_F(MapXReplay, TheClientsMapTakesTheWorkspacesLayerSettings) {
+    std::ofstream(workspace, std::ios::app)
+        << "Set Map\n"
+           "  Layer 2 Selectable Off Zoom (10, 500) Units \"mi\" On\n"
+           "  Layer 2 Label Position Right Auto On Font (\"Courier New\",1,10,255)"
+           " Visibility Zoom (0, 800) Units \"mi\"\n"
+           "  Layer 3 Label With Name + \"!\"\n";
+    const auto lines = replay("press Cancel\n");
+
+    for (const char* expected :
+         {"layer 2 Selectable F", "layer 2 ZoomLayer T", "layer 2 ZoomMin 10",
+          "layer 2 ZoomMax 500", "layer 2 AutoLabel T", "layer 2 LabelProperties.Position 5",
+          "layer 2 LabelProperties.LabelZoom T", "layer 2 LabelProperties.LabelZoomMax 800",
+          "layer 2 LabelProperties.DataField Name",
+          "layer 2 LabelProperties.Style.TextFont Courier New 10",
+          "layer 2 LabelProperties.Style.TextFontColor 16711680",
+          "layer 3 LabelProperties.DataField ", "layer 1 Selectable T", "layer 1 AutoLabel F"})
+        EXPECT_THAT(lines, Contains(expected));
 }
 
 TEST_F(MapXReplay, CancelLeavesTheClientsMapAsItWas) {

@@ -1,8 +1,10 @@
 #include "app/mapx_client/mapx_client.h"
 
+#include "app/mapx_client/workspace_layer_settings.h"
 #include "base/basic_text.h"
 #include "base/runtime_error.h"
 #include "engine/engine.h"
+#include "engine/mb_error.h"
 #include "hostmodel/mapx_constants.h"
 #include "mapx/mapx_classes.h"
 
@@ -31,6 +33,15 @@ std::string number(double value) {
     return Trim(Str(value));
 }
 
+// The field the labels show, or "" for none.
+std::string labelField(hostmodel::MXLabelProperties& labels) {
+    try {
+        return labels.DataField()->Name();
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
 void describeLayer(hostmodel::MXLayer& layer, const std::string& at, std::vector<MapXValue>& out) {
     const auto add = [&](const std::string& name, const std::string& value) {
         out.emplace_back(at + " " + name, value);
@@ -57,6 +68,8 @@ void describeLayer(hostmodel::MXLayer& layer, const std::string& at, std::vector
     add("LabelProperties.LabelZoom", flag(labels->LabelZoom()));
     add("LabelProperties.LabelMax", number(labels->LabelMax()));
     add("LabelProperties.Position", number(labels->Position()));
+    add("LabelProperties.LabelZoomMax", number(labels->LabelZoomMax()));
+    add("LabelProperties.DataField", labelField(*labels));
     add("LabelProperties.Style.TextFont",
         labels->Style()->TextFont()->Name() + " " + number(labels->Style()->TextFont()->Size()));
     add("LabelProperties.Style.TextFontColor", number(labels->Style()->TextFontColor()));
@@ -108,6 +121,11 @@ std::shared_ptr<hostmodel::MXMap> MapXClient::openFrontMap(std::vector<std::stri
         const bool shown =
             Val(eval("LayerInfo(" + at + "," + std::to_string(kLayerDisplay) + ")")) != 0;
         layer->setVisible(shown ? kTrue : kFalse);
+        try {
+            takeWorkspaceLayerSettings(engine_, *map, *layer, at);
+        } catch (const engine::MbError& e) {
+            leftOut.push_back(table + ": its settings: " + e.what());
+        }
     }
     showWholeMap(*map);
     return map;

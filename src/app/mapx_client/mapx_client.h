@@ -35,10 +35,10 @@ public:
     MapXClient(const MapXClient&) = delete;
     MapXClient& operator=(const MapXClient&) = delete;
 
-    // The front map window's layers, top first, each opened from its table's file and shown or
-    // hidden as the window has it; the window's title becomes the map's. A layer MapX cannot
-    // open from a file (a query has none) is left out, its table named in leftOut with the
-    // reason. Error 5 when the front window is no map.
+    // The front map window's layers, top first, each opened from its table's file and set as the
+    // window has it (shown, selectable, zoom range, labels); the window's title becomes the map's.
+    // A layer MapX cannot open from a file (a query has none) is left out, its table named in
+    // leftOut with the reason. Error 5 when the front window is no map.
     std::shared_ptr<hostmodel::MXMap> openFrontMap(std::vector<std::string>& leftOut);
 
     // Every value of the map the session may change, layer by layer, in a fixed order.
