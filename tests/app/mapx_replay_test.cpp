@@ -93,6 +93,17 @@ TEST_F(MapXReplay, TheClientsMapTakesTheWorkspacesLayerSettings) {
         EXPECT_THAT(lines, Contains(expected));
 }
 
+// The bounds layer is the MapInfo host's alone. A picker closed without a choice still turns
+// the override on, with the layer's own style, as the click does not ask the picker's answer.
+TEST_F(MapXReplay, BoundsAreRefusedAndACancelledPickerKeepsTheStyle) {
+    const auto lines = replay("press map_bounds\nclick 5 style\nstyle cancel\npress OK\n");
+
+    EXPECT_THAT(withPrefix(lines, "msgbox"),
+                ElementsAre("msgbox Not available for MapX in this version"));
+    EXPECT_THAT(withPrefix(lines, "picked"), ElementsAre("picked cancel"));
+    EXPECT_THAT(withPrefix(lines, "mapx layer"), ElementsAre("mapx layer 5 OverrideStyle F -> T"));
+}
+
 TEST_F(MapXReplay, CancelLeavesTheClientsMapAsItWas) {
     const auto lines = replay("select 2 4\nclick 2 visible\npress Cancel\n");
 

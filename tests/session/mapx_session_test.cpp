@@ -317,18 +317,38 @@ TEST_F(MapXSession, TheLabelZoomCellStepsBetweenAlwaysAndByZoom) {
     EXPECT_EQ(regionsByZoom, (std::vector<bool>{true, false, true}));
 }
 
-TEST_F(MapXSession, ALayerWhoseFileHasGoneIsLoggedAndTheSessionGoesOn) {
-    const std::string file = dir.file("tables/gone.tab");
-    for (const char* ext : {".tab", ".dat", ".map", ".id"})
-        std::filesystem::copy_file(dir.file(std::string("tables/lines") + ext),
-                                   dir.file(std::string("tables/gone") + ext));
-    clientLayers()->Add(Variant(file), 1);
-    for (const char* ext : {".tab", ".dat", ".map", ".id"})
-        std::filesystem::remove(dir.file(std::string("tables/gone") + ext));
+// A client layer whose file has gone since it was opened: the view is built without it.
+class MapXSessionWithALayerGone : public MapXSession {
+protected:
+    MapXSessionWithALayerGone() {
+        const std::string file = dir.file("tables/gone.tab");
+        for (const char* ext : {".tab", ".dat", ".map", ".id"})
+            std::filesystem::copy_file(dir.file(std::string("tables/lines") + ext),
+                                       dir.file(std::string("tables/gone") + ext));
+        clientLayers()->Add(Variant(file), 1);
+        for (const char* ext : {".tab", ".dat", ".map", ".id"})
+            std::filesystem::remove(dir.file(std::string("tables/gone") + ext));
+    }
+};
+
+TEST_F(MapXSessionWithALayerGone, ItIsLoggedAndTheSessionGoesOn) {
     pressCancel();
 
     EXPECT_EQ(layer.RunLayer(client), "cancel");
     EXPECT_THAT(log(), HasSubstr("Error from createlayer: "));
+    EXPECT_EQ(clientLayers()->Count(), 5);
+    EXPECT_TRUE(toolkit.messages().empty());
+}
+
+// The load stops at the layer number that is missing from the view, so the view holds no
+// layer at OK, and the copy back tells the user that the maps do not match.
+TEST_F(MapXSessionWithALayerGone, OkSaysTheLayersDoNotMatch) {
+    pressOK();
+
+    EXPECT_EQ(layer.RunLayer(client), "ok");
+    ASSERT_EQ(toolkit.messages().size(), 1U);
+    EXPECT_EQ(toolkit.messages()[0].prompt,
+              "Vellant error: Layer mismatch on save (changes too complex) 5 0");
     EXPECT_EQ(clientLayers()->Count(), 5);
 }
 
