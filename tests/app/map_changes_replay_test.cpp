@@ -1,16 +1,11 @@
 // Changes to the view map's layer list and the map panel, replayed on the demo workspace: what
 // the host is sent, and what the user's map holds after OK or Cancel.
 
-#include "app/replay/replay_run.h"
-#include "app/replay/replay_verbs.h"
-#include "app/sample_tables/demo_data.h"
+#include "demo_replay.h"
 #include "prefs/record_file.h"
-#include "support/session_fixture.h"
-#include "transcript_lines.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,22 +18,8 @@ using ::testing::Not;
 
 // Rows of the demo map: 1 the cosmetic layer, then the layers 1 to 8 in rows 2 to 9: text,
 // points, lines, mixed, Query1, regions, empty, raster. The view is window 40002.
-class MapChangesReplay : public ::testing::Test {
+class MapChangesReplay : public DemoReplay {
 protected:
-    MapChangesReplay() {
-        workspace = samples::writeDemoData(data.str());
-        std::filesystem::create_directories(appDir);
-    }
-
-    std::vector<std::string> replay(const std::string& scriptText) {
-        std::istringstream in(scriptText);
-        std::ostringstream out;
-        {
-            ReplayRun run(workspace, appDir, out);
-            run.run(readScript(in, replayVerbs()));
-        }
-        return transcriptLines(out.str());
-    }
     void dockTheForm() {
         prefs::RecordFile settings;
         settings.open(appDir + "/Vellant.prf", prefs::RecordFile::Access::ReadWrite);
@@ -66,10 +47,6 @@ protected:
         const std::vector<std::string> maps = linesOf(state(lines), {"Map From"});
         return maps.size() == 1 ? maps.front() : "";
     }
-
-    testing::TempDir data;
-    std::string appDir = data.file("app");
-    std::string workspace;
 };
 
 TEST_F(MapChangesReplay, DragsBothWaysSendTheWholeOrderAndOkKeepsIt) {

@@ -1,18 +1,13 @@
 // A MapX application's session replayed on the demo workspace: the client's map is built from
 // the front map window, and the transcript says what the session changed in it.
 
-#include "app/replay/replay_run.h"
-#include "app/replay/replay_verbs.h"
-#include "app/sample_tables/demo_data.h"
-#include "support/session_fixture.h"
-#include "transcript_lines.h"
+#include "demo_replay.h"
 
 #include <algorithm>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <regex>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -24,22 +19,8 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
-class MapXReplay : public ::testing::Test {
+class MapXReplay : public DemoReplay {
 protected:
-    MapXReplay() {
-        workspace = samples::writeDemoData(data.str());
-        std::filesystem::create_directories(appDir);
-    }
-
-    std::vector<std::string> replay(const std::string& scriptText) {
-        std::istringstream in(scriptText);
-        std::ostringstream out;
-        {
-            ReplayRun run(workspace, appDir, out);
-            result = run.runMapX(readScript(in, replayVerbs()));
-        }
-        return transcriptLines(out.str());
-    }
     static std::vector<std::string> withPrefix(const std::vector<std::string>& lines,
                                                const std::string& prefix) {
         std::vector<std::string> found;
@@ -47,15 +28,10 @@ protected:
                      [&](const std::string& l) { return l.starts_with(prefix); });
         return found;
     }
-
-    testing::TempDir data;
-    std::string appDir = data.file("app");
-    std::string workspace;
-    std::string result;
 };
 
 TEST_F(MapXReplay, OneClickTurnsLayersTwoToFourOffAndOkCarriesItToTheClientsMap) {
-    const auto lines = replay("select 2 4\nclick 2 visible\nsnapshot\npress OK\n");
+    const auto lines = replayMapX("select 2 4\nclick 2 visible\nsnapshot\npress OK\n");
 
     EXPECT_EQ(result, "ok");
     // The query has no file of its own, so the client's map cannot hold it.
@@ -80,7 +56,7 @@ TEST_F(MapXReplay, TheClientsMapTakesTheWorkspacesLayerSettings) {
            "  Layer 2 Label Position Right Auto On Font (\"Courier New\",1,10,255)"
            " Visibility Zoom (0, 800) Units \"mi\"\n"
            "  Layer 3 Label With Name + \"!\"\n";
-    const auto lines = replay("press Cancel\n");
+    const auto lines = replayMapX("press Cancel\n");
 
     for (const char* expected :
          {"layer 2 Selectable F", "layer 2 ZoomLayer T", "layer 2 ZoomMin 10",
@@ -96,7 +72,7 @@ TEST_F(MapXReplay, TheClientsMapTakesTheWorkspacesLayerSettings) {
 // The bounds layer is the MapInfo host's alone. A picker closed without a choice still turns
 // the override on, with the layer's own style, as the click does not ask the picker's answer.
 TEST_F(MapXReplay, BoundsAreRefusedAndACancelledPickerKeepsTheStyle) {
-    const auto lines = replay("press map_bounds\nclick 5 style\nstyle cancel\npress OK\n");
+    const auto lines = replayMapX("press map_bounds\nclick 5 style\nstyle cancel\npress OK\n");
 
     EXPECT_THAT(withPrefix(lines, "msgbox"),
                 ElementsAre("msgbox Not available for MapX in this version"));
@@ -105,7 +81,7 @@ TEST_F(MapXReplay, BoundsAreRefusedAndACancelledPickerKeepsTheStyle) {
 }
 
 TEST_F(MapXReplay, CancelLeavesTheClientsMapAsItWas) {
-    const auto lines = replay("select 2 4\nclick 2 visible\npress Cancel\n");
+    const auto lines = replayMapX("select 2 4\nclick 2 visible\npress Cancel\n");
 
     EXPECT_EQ(result, "cancel");
     EXPECT_THAT(withPrefix(lines, "mapx"), IsEmpty());
@@ -115,7 +91,7 @@ TEST_F(MapXReplay, CancelLeavesTheClientsMapAsItWas) {
 // The view's layer operations are journalled and replayed on the client's map at OK, the first
 // of them included: the two maps end with the same layers.
 TEST_F(MapXReplay, ARemovedLayerIsRemovedFromTheClientsMapAtOk) {
-    const auto lines = replay("select 3 3\nmenu Remove_layer\npress OK\n");
+    const auto lines = replayMapX("select 3 3\nmenu Remove_layer\npress OK\n");
 
     EXPECT_EQ(result, "ok");
     EXPECT_THAT(withPrefix(lines, "msgbox"), IsEmpty());
@@ -146,7 +122,7 @@ TEST_F(MapXReplay, ARemovalAnInsertionAndADragLeaveTheClientsMapWithTheViewsLaye
                                "select 3 3\nmenu Remove_layer\n"
                                "select 4 4\nfile lines.tab\nmenu Add_Layer\n"
                                "drag 2 6\nsnapshot\n";
-    const auto accepted = replay(script + "press OK\n");
+    const auto accepted = replayMapX(script + "press OK\n");
 
     EXPECT_EQ(result, "ok");
     const std::vector<std::string> expected = {"text",    "mixed",  "lines", "regions",
@@ -156,8 +132,8 @@ TEST_F(MapXReplay, ARemovalAnInsertionAndADragLeaveTheClientsMapWithTheViewsLaye
     EXPECT_THAT(withPrefix(accepted, "msgbox"), IsEmpty());
     EXPECT_THAT(withPrefix(accepted, "error"), IsEmpty());
 
-    const auto before = clientLayers(replay("press Cancel\n"));
-    const auto cancelled = replay(script + "press Cancel\n");
+    const auto before = clientLayers(replayMapX("press Cancel\n"));
+    const auto cancelled = replayMapX(script + "press Cancel\n");
     EXPECT_EQ(viewLayers(cancelled), expected);
     EXPECT_EQ(clientLayers(cancelled), before);
     EXPECT_THAT(withPrefix(cancelled, "mapx"), IsEmpty());
@@ -166,8 +142,8 @@ TEST_F(MapXReplay, ARemovalAnInsertionAndADragLeaveTheClientsMapWithTheViewsLaye
 // The clicked row's labels are off, so the click on the set turns them on with a font picked
 // once, and every row of the set is given the clicked row's labels.
 TEST_F(MapXReplay, TheLabelFontPickedOnARowSetReachesEveryRowOfTheSet) {
-    const auto lines = replay("click 3 19\nselect 2 4\nclick 3 19\n"
-                              "style Font (\"Courier New\",2,12,16711680)\npress OK\n");
+    const auto lines = replayMapX("click 3 19\nselect 2 4\nclick 3 19\n"
+                                  "style Font (\"Courier New\",2,12,16711680)\npress OK\n");
 
     EXPECT_THAT(withPrefix(lines, "pick"),
                 ElementsAre("pick 5 Font (\"Arial\",0,9,0)",

@@ -1,44 +1,18 @@
 // Whole sessions replayed on the demo workspace: the transcript is the acceptance record, so
 // these tests read it as a user of the runner would, in order.
 
-#include "app/replay/replay_run.h"
-#include "app/replay/replay_verbs.h"
-#include "app/sample_tables/demo_data.h"
+#include "demo_replay.h"
 #include "prefs/record_file.h"
-#include "support/session_fixture.h"
-#include "transcript_lines.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace vellant::replay {
 namespace {
 
-class Replay : public ::testing::Test {
-protected:
-    Replay() {
-        workspace = samples::writeDemoData(data.str());
-        std::filesystem::create_directories(appDir);
-    }
-
-    // The transcript of one run, a line each.
-    std::vector<std::string> replay(const std::string& scriptText) {
-        std::istringstream in(scriptText);
-        std::ostringstream out;
-        {
-            ReplayRun run(workspace, appDir, out);
-            run.run(readScript(in, replayVerbs()));
-        }
-        return transcriptLines(out.str());
-    }
-
-    testing::TempDir data;
-    std::string appDir = data.file("app");
-    std::string workspace;
-};
+using Replay = DemoReplay;
 
 // Where the first line from `from` on begins with the prefix; fails the test when none does.
 std::size_t findFrom(const std::vector<std::string>& lines, std::size_t from,
