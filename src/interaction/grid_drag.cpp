@@ -3,10 +3,9 @@
 #include "base/basic_text.h"
 #include "base/error_trap.h"
 #include "grid/layer_rows.h"
-#include "grid/load_grid.h"
-#include "hostmodel/host_predicates.h"
 #include "hostmodel/mapx_map.h"
 #include "interaction/grid_event_handlers.h"
+#include "mapchanges/layer_journal.h"
 #include "mapchanges/layer_moves.h"
 #include "prefs/settings.h"
 #include "session/session.h"
@@ -33,13 +32,7 @@ void dropLayer(Session& s, platform::FlexGrid& grid, float y) {
 
     if (s.gDragLayer <= 0 || s.gDragLayer == target) return;
     if (!mapchanges::MoveLayers(s, s.gDragLayer, dest)) return;
-    // Rows and layer numbers follow the map again only by a new load.
-    grid.setRedraw(false);
-    hostmodel::MapRedraw(s, "off");
-    bool rebuild = false;
-    grid::load_grid(s, rebuild);
-    hostmodel::MapRedraw(s, "on");
-    grid.setRedraw(true);
+    mapchanges::reloadGridAfterLayerChange(s);
 }
 
 // The docked form's drop is a procedure of its own, with its own trap.
