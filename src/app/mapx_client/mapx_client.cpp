@@ -22,7 +22,6 @@ constexpr int kWindowType = 3;
 constexpr int kMapWindowType = 1;
 constexpr int kMapLayerCount = 9;
 constexpr int kLayerName = 1;
-constexpr int kLayerDisplay = 9;
 constexpr int kTableFile = 19;
 
 std::string flag(bool value) {
@@ -118,9 +117,6 @@ std::shared_ptr<hostmodel::MXMap> MapXClient::openFrontMap(std::vector<std::stri
             leftOut.push_back(table + ": " + e.description());
             continue;
         }
-        const bool shown =
-            Val(eval("LayerInfo(" + at + "," + std::to_string(kLayerDisplay) + ")")) != 0;
-        layer->setVisible(shown ? kTrue : kFalse);
         try {
             takeWorkspaceLayerSettings(engine_, *map, *layer, at);
         } catch (const engine::MbError& e) {

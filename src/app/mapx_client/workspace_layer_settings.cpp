@@ -12,6 +12,7 @@ namespace vellant::mapxclient {
 namespace {
 
 // LayerInfo's codes.
+constexpr int kDisplay = 9;
 constexpr int kSelectable = 3;
 constexpr int kZoomLayered = 4;
 constexpr int kZoomMin = 5;
@@ -73,6 +74,7 @@ void takeWorkspaceLayerSettings(engine::Engine& engine, hostmodel::MXMap& map,
     const auto on = [&](int code) { return info(code) == "T"; };
     const auto number = [&](int code) { return Val(info(code)); };
 
+    layer.setVisible(flag(number(kDisplay) != 0)); // off, or drawn in any display mode
     layer.setSelectable(flag(on(kSelectable)));
     layer.setZoomMin(number(kZoomMin));
     layer.setZoomMax(number(kZoomMax));
